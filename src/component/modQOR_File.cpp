@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+#include "component/modQOR_File.h"
+
+#include "platform/PerThread.h"
+
+#include <atomic>
+
+namespace qor {
+namespace {
+
+std::atomic<int> threadsWithDocuments = 0;
+
+} // namespace
+
+ThreadDocuments::ThreadDocuments() { ++threadsWithDocuments; }
+ThreadDocuments::~ThreadDocuments() { --threadsWithDocuments; }
+
+ThreadDocuments& modQOR_File() { return platform::PerThread<ThreadDocuments>(); }
+
+int ThreadsWithDocuments() { return threadsWithDocuments; }
+
+} // namespace qor

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// The documents of a thread, and what else its component objects share. Only the component asks for them;
+// document modules work on what they are handed.
+#pragma once
+
+#include "datablock/DataBlock.h"
+
+namespace qor {
+
+struct ThreadDocuments {
+    ThreadDocuments();
+    ~ThreadDocuments();
+    ThreadDocuments(const ThreadDocuments&) = delete;
+    ThreadDocuments& operator=(const ThreadDocuments&) = delete;
+
+    qor::DataBlock DataBlock;
+    // Left by objects that have no error path of their own; see clsQOR_File::ErrorStatus.
+    ErrorStatusTypes SharedErrorStatus = NoError;
+    // Result of the last allocation by a size setter; kept for debugging, no member reads it.
+    std::int32_t LastAllocationResult = 0;
+};
+
+// Those of the calling thread, made at its first call and released when it ends.
+ThreadDocuments& modQOR_File();
+
+// How many threads hold documents at this moment.
+int ThreadsWithDocuments();
+
+} // namespace qor

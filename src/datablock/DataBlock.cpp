@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+#include "datablock/DataBlock.h"
+
+#include "datablock/DataBlockLayout.h"
+#include "platform/Memory.h"
+
+#include <new>
+
+namespace qor {
+namespace {
+
+constexpr auto InitialKept = InitialKeptValues<97>(DataBlock_Fields);
+
+std::int64_t SampleWidth(const DataBlock& block)
+{
+    return block.DataFormat == ComplexFormat ? sizeof(ComplexSample) : sizeof(float);
+}
+
+// Whether the arrays that the sizes ask for fit the machine's memory together.
+bool FitsMemory(const DataBlock& block)
+{
+    if (block.NumberOfSamples < 1 || block.NumberOfTraces < 0) return true; // nothing, or refused later
+    const auto samples = static_cast<std::uint64_t>(block.NumberOfSamples);
+    const auto perSample = static_cast<std::uint64_t>(block.NumberOfTraces * SampleWidth(block)) +
+                           (block.XaxisSpacing != UniformSpacing ? sizeof(float) : 0);
+    return perSample == 0 || samples <= platform::UsableMemory() / perSample;
+}
+
+bool ReallocateXaxis(DataBlock& block)
+{
+    if (block.XaxisSpacing != UniformSpacing && block.NumberOfSamples != 0) {
+        return block.Xaxis.Resize(block.Memory, block.NumberOfSamples);
+    }
+    block.Xaxis.Release();
+    return true;
+}
+
+template <class Matching, class Other>
+bool ReallocateSamples(DataBlock& block, SampleArray<Matching>& matching, SampleArray<Other>& other)
+{
+    if (matching.Count() == block.NumberOfSamples) return true;
+    other.Release();
+    return matching.Resize(block.Memory, block.NumberOfSamples);
+}
+
+bool ReallocateTraces(DataBlock& block)
+{
+    if (block.NumberOfTraces < 0) return false;
+    if (block.Traces.Count() != block.NumberOfTraces) block.Traces.Resize(block.NumberOfTraces);
+    for (std::int32_t number = 1; number <= block.NumberOfTraces; ++number) {
+        Trace& trace = block.Traces.Edit(number);
+        if (block.NumberOfSamples == 0) {
+            trace.ComplexSamples.Release();
+            trace.RealSamples.Release();
+        } else if (block.DataFormat == ComplexFormat) {
+            if (!ReallocateSamples(block, trace.ComplexSamples, trace.RealSamples)) return false;
+        } else {
+            if (!ReallocateSamples(block, trace.RealSamples, trace.ComplexSamples)) return false;
+        }
+    }
+    return true;
+}
+
+bool Reallocate(DataBlock& block)
+{
+    try {
+        return FitsMemory(block) && ReallocateXaxis(block) && ReallocateTraces(block);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+} // namespace
+
+Trace InitialTraceRecord()
+{
+    Trace trace;
+    trace.DataSVT = DataIsVector;
+    return trace;
+}
+
+const Trace& TraceList::operator[](std::int32_t index) const
+{
+    static const Trace blank;
+    const auto place = static_cast<std::size_t>(index - 1);
+    return place < made_.size() ? made_[place] : blank;
+}
+
+Trace& TraceList::Edit(std::int32_t index)
+{
+    const auto place = static_cast<std::size_t>(index - 1);
+    if (place >= made_.size()) made_.resize(place + 1);
+    return made_[place];
+}
+
+void TraceList::Resize(std::int32_t count)
+{
+    if (made_.size() > static_cast<std::size_t>(count)) made_.resize(static_cast<std::size_t>(count));
+    count_ = count;
+}
+
+DataBlock::DataBlock() : Kept(InitialKept) {}
+
+void InitializeDataBlockStorage(DataBlock& block) { block = DataBlock(); }
+
+ErrorStatusTypes ReallocateDataBlock(DataBlock& block)
+{
+    if (Reallocate(block)) return NoError;
+    InitializeDataBlockStorage(block);
+    return AllocationError;
+}
+
+} // namespace qor

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// The rules by which samples, X values and trace fields are reached. Nothing outside an array is ever touched:
+// where a count allows what the storage does not hold, as it may after reading a damaged file, the access is
+// skipped and the operation still succeeds.
+#pragma once
+
+#include "datablock/DataBlock.h"
+#include "fileio/Outcome.h"
+
+#include <utility>
+
+namespace qor {
+
+// How complex samples are seen. Magnitude/phase has no storage of its own.
+enum class ComplexView { RealImaginary, MagnitudePhase };
+
+// NoError, or why the trace cannot be reached.
+ErrorStatusTypes CheckTrace(const DataBlock& block, std::int32_t traceNumber);
+
+// Reads one sample into first and second: real and imaginary part, or magnitude and phase (0 to 360 degrees);
+// of a real trace the value and 0.
+Outcome ReadTraceSample(const DataBlock& block, ComplexView view, std::int32_t traceNumber, std::int32_t sampleNumber,
+                        float& first, float& second);
+Outcome WriteTraceSample(DataBlock& block, ComplexView view, std::int32_t traceNumber, std::int32_t sampleNumber,
+                         float first, float second);
+
+// Explicit X values; allocated tells whether the caller holds the X axis for allocated.
+Outcome ReadXaxis(const DataBlock& block, bool allocated, std::int32_t sampleNumber, float& value);
+Outcome WriteXaxis(DataBlock& block, bool allocated, std::int32_t sampleNumber, float value);
+
+// Stores a value in a 16-bit field; one that does not fit leaves the field as it is.
+void StoreNarrowed(std::int32_t value, std::int16_t& field);
+
+// A field of a trace. A failed check, or a trace that is not there, leaves value as it is.
+template <class T>
+ErrorStatusTypes GetTraceField(const DataBlock& block, std::int32_t traceNumber, T Trace::*field, T& value)
+{
+    const ErrorStatusTypes error = CheckTrace(block, traceNumber);
+    if (error == NoError && block.Traces.Has(traceNumber)) value = block.Traces[traceNumber].*field;
+    return error;
+}
+template <class T, class Value>
+ErrorStatusTypes SetTraceField(DataBlock& block, std::int32_t traceNumber, T Trace::*field, Value value)
+{
+    const ErrorStatusTypes error = CheckTrace(block, traceNumber);
+    if (error == NoError && block.Traces.Has(traceNumber)) block.Traces.Edit(traceNumber).*field = std::move(value);
+    return error;
+}
+
+inline ErrorStatusTypes SetTraceNarrowed(DataBlock& block, std::int32_t traceNumber, std::int16_t Trace::*field,
+                                         std::int32_t value)
+{
+    const ErrorStatusTypes error = CheckTrace(block, traceNumber);
+    if (error == NoError && block.Traces.Has(traceNumber)) StoreNarrowed(value, block.Traces.Edit(traceNumber).*field);
+    return error;
+}
+
+// The three kinds of data that are kept; every other value counts as vector.
+constexpr std::int16_t KnownDataSVT(std::int32_t value)
+{
+    return static_cast<std::int16_t>(value == DataIsScalar || value == DataIsTensor ? value : DataIsVector);
+}
+
+} // namespace qor

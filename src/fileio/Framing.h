@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// What all document files share beyond single items: preamble, texts, the end marker, and the two general
+// helpers of the toolkit. Layout and examples: docs/formats/framing.md.
+#pragma once
+
+#include "fileio/RecordReader.h"
+#include "fileio/RecordWriter.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qor {
+
+inline constexpr std::int16_t ClosingTag = 255;
+inline constexpr std::int16_t EndMarker = static_cast<std::int16_t>(0xAAAA);
+
+// Files from this version on: a reader skips what it does not know by the length of its record.
+inline constexpr std::int16_t FirstVersionThatSkips = 9;
+
+// How a file holds its texts: a count and UTF-16 code units, or, in older files, single Windows-1252 bytes
+// ended by a zero byte.
+enum class TextForm { Counted, ZeroTerminated };
+
+// The text without leading and trailing blanks (U+0020 only).
+std::u16string_view Trimmed(std::u16string_view text);
+
+// Writes the identification line, the version and the seven reserved words.
+void SavePreamble(RecordWriter& file, std::string_view identification, std::int16_t version);
+
+// Finds the preamble by the word BINARY, in any letter case, in the first 199 positions and the line end behind
+// it; the rest of the identification is not compared. Returns the version and stands behind it; nothing when
+// there is no preamble, standing behind the last bytes tried.
+std::optional<std::int16_t> FindPreamble(RecordReader& file);
+// Reads past the reserved words behind the version.
+void SkipReservedWords(RecordReader& file);
+
+void SaveString(RecordWriter& file, std::u16string_view text);
+// Reads one text. At the end of the file: the characters that were read whole; a negative count: empty.
+std::u16string LoadString(RecordReader& file, TextForm form);
+
+// The low byte of every character, zero bytes as blanks, and a terminating zero.
+std::vector<std::uint8_t> StringToBytes(std::u16string_view text);
+
+// 16-bit sign-and-magnitude word to integer: 0 to 32767 as it is, any other value is minus its low 15 bits.
+std::int16_t WordToInteger(std::int32_t value);
+
+} // namespace qor

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// Memory for sample arrays: zeroed, and in huge pages where the system has them, because filling fresh small
+// pages costs several times the reading of a file.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace qor::platform {
+
+// Zeroed memory, aligned for any type; null when the system refuses. Give it back with FreeZeroed.
+void* AllocateZeroed(std::size_t bytes) noexcept;
+void FreeZeroed(void* memory, std::size_t bytes) noexcept;
+
+// Bytes that a process can hope to use: the machine's memory, or the address space where that is smaller.
+std::uint64_t UsableMemory() noexcept;
+
+} // namespace qor::platform

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+#include "platform/Trigonometry.h"
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+
+namespace qor::platform {
+namespace {
+
+constexpr double QuarterPi = 0x1.921fb54442d18p-1;
+constexpr double HalfPi = 0x1.921fb54442d18p+0;
+constexpr double TwoOverPi = 0x1.45f306dc9c883p-1;
+
+// An angle as a multiple of pi/2 and the rest, which is at most pi/4 (and a rounding) away from 0.
+struct Reduced {
+    unsigned quadrant; // only its two low bits count
+    double rest;
+};
+
+// pi/2 in three parts of 33 bits and the remainder: a multiple of a part by up to 20 bits is exact, and so are
+// the subtractions wherever they cancel.
+Reduced ReduceMedium(double radians)
+{
+    constexpr double part1 = 0x1.921fb54400000p+0;
+    constexpr double part2 = 0x1.0b4611a600000p-34;
+    constexpr double part3 = 0x1.3198a2e000000p-69;
+    constexpr double part4 = 0x1.b839a252049c1p-104;
+    const auto multiple = static_cast<std::int32_t>(radians * TwoOverPi + (radians < 0 ? -0.5 : 0.5));
+    const double n = multiple;
+    return {static_cast<unsigned>(multiple), (((radians - n * part1) - n * part2) - n * part3) - n * part4};
+}
+
+// Multiplies by the bits of 2/pi that matter: those before them make multiples of 4 quadrants, those behind
+// them are too small to show.
+Reduced ReduceLarge(double radians)
+{
+    constexpr std::array<std::uint32_t, 10> twoOverPi = {0xA2F9836E, 0x4E441529, 0xFC2757D1, 0xF534DDC0, 0xDB629599,
+                                                         0x3C439041, 0xFE5163AB, 0xDEBBC561, 0xB7246E3A, 0x424DD2E0};
+    constexpr int windowWords = 6;
+
+    int exponent = 0;
+    const double mantissa = std::frexp(std::fabs(radians), &exponent);
+    const auto integer = static_cast<std::uint64_t>(std::ldexp(mantissa, 53));
+    exponent -= 53; // |radians| = integer * 2^exponent
+
+    // The window starts at the bit of weight 2^-(skipped + 1).
+    const int skipped = exponent > 2 ? exponent - 2 : 0;
+    const auto word = [&](int index) {
+        const auto first = static_cast<std::size_t>(skipped / 32 + index);
+        const int shift = skipped % 32;
+        const std::uint64_t pair = (std::uint64_t{twoOverPi[first]} << 32) | twoOverPi[first + 1];
+        return static_cast<std::uint32_t>((pair << shift) >> 32);
+    };
+
+    // The product, least significant word first.
+    std::array<std::uint32_t, windowWords + 2> product{};
+    for (std::size_t k = 0; k < 2; ++k) {
+        const std::uint64_t factor = k == 0 ? integer & 0xFFFFFFFF : integer >> 32;
+        std::uint64_t carry = 0;
+        for (std::size_t i = 0; i < windowWords; ++i) {
+            const std::uint64_t sum = factor * word(windowWords - 1 - static_cast<int>(i)) + product[i + k] + carry;
+            product[i + k] = static_cast<std::uint32_t>(sum);
+            carry = sum >> 32;
+        }
+        product[windowWords + k] = static_cast<std::uint32_t>(carry);
+    }
+
+    // Where the whole quadrants begin, and the 96 bits below as a fraction.
+    const int point = 32 * windowWords - (exponent - skipped);
+    const auto bitsAt = [&](int low) { // 32 bits from bit low on
+        const auto first = static_cast<std::size_t>(low / 32);
+        const std::uint64_t upper = first + 1 < product.size() ? product[first + 1] : 0;
+        return static_cast<std::uint32_t>(((upper << 32) | product[first]) >> (low % 32));
+    };
+    unsigned quadrant = bitsAt(point) & 3;
+    double rest = 0;
+    if (bitsAt(point - 32) >> 31) {
+        ++quadrant;
+        for (int k = 4; k >= 1; --k) rest -= std::ldexp(static_cast<double>(~bitsAt(point - 32 * k)), -32 * k);
+    } else {
+        for (int k = 4; k >= 1; --k) rest += std::ldexp(static_cast<double>(bitsAt(point - 32 * k)), -32 * k);
+    }
+    rest *= HalfPi;
+    return radians < 0 ? Reduced{0 - quadrant, -rest} : Reduced{quadrant, rest};
+}
+
+Reduced Reduce(double radians)
+{
+    constexpr double mediumLimit = 1 << 20;
+    if (std::fabs(radians) <= QuarterPi) return {0, radians};
+    return std::fabs(radians) < mediumLimit ? ReduceMedium(radians) : ReduceLarge(radians);
+}
+
+// Taylor's series, which at pi/4 are exact to a double with these terms.
+double SmallSine(double x)
+{
+    const double s = x * x;
+    double sum = 1.0 / 355687428096000;
+    sum = sum * s - 1.0 / 1307674368000;
+    sum = sum * s + 1.0 / 6227020800;
+    sum = sum * s - 1.0 / 39916800;
+    sum = sum * s + 1.0 / 362880;
+    sum = sum * s - 1.0 / 5040;
+    sum = sum * s + 1.0 / 120;
+    sum = sum * s - 1.0 / 6;
+    return x + x * s * sum;
+}
+
+double SmallCosine(double x)
+{
+    const double s = x * x;
+    double sum = 1.0 / 20922789888000;
+    sum = sum * s - 1.0 / 87178291200;
+    sum = sum * s + 1.0 / 479001600;
+    sum = sum * s - 1.0 / 3628800;
+    sum = sum * s + 1.0 / 40320;
+    sum = sum * s - 1.0 / 720;
+    sum = sum * s + 1.0 / 24;
+    return 1 - (0.5 * s - s * s * sum);
+}
+
+// The series of the arctangent, for at most tan(pi/16).
+double SmallArcTangent(double x)
+{
+    const double s = x * x;
+    double sum = 0;
+    for (int n = 27; n >= 3; n -= 2) sum = (1.0 / n - sum) * s;
+    return x - x * sum;
+}
+
+// For 0 to 1: through the nearest of 0, pi/8 and pi/4.
+double ArcTangentOfFraction(double x)
+{
+    constexpr double tan1 = 0x1.975f5e0553158p-3; // tan(pi/16)
+    constexpr double tan2 = 0x1.a827999fcef32p-2; // tan(pi/8)
+    constexpr double tan3 = 0x1.561b82ab7f990p-1; // tan(3 pi/16)
+    if (x <= tan1) return SmallArcTangent(x);
+    if (x <= tan3) return HalfPi / 4 + SmallArcTangent((x - tan2) / (1 + x * tan2));
+    return QuarterPi + SmallArcTangent((x - 1) / (1 + x));
+}
+
+} // namespace
+
+SineCosine SineAndCosine(double radians)
+{
+    const auto [quadrant, rest] = Reduce(radians);
+    const double sine = SmallSine(rest);
+    const double cosine = SmallCosine(rest);
+    switch (quadrant & 3) {
+    case 0: return {sine, cosine};
+    case 1: return {cosine, -sine};
+    case 2: return {-sine, -cosine};
+    default: return {-cosine, sine};
+    }
+}
+
+double ArcTangent(double value)
+{
+    const double x = std::fabs(value);
+    const double angle = x <= 1 ? ArcTangentOfFraction(x) : HalfPi - ArcTangentOfFraction(1 / x);
+    return std::copysign(angle, value);
+}
+
+} // namespace qor::platform

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+#include "platform/Memory.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <windows.h>
+
+namespace qor::platform {
+namespace {
+
+// From here on a reservation of its own beats the heap: it goes back to the system when it is freed.
+constexpr std::size_t OwnReservation = std::size_t{2} << 20;
+
+} // namespace
+
+void* AllocateZeroed(std::size_t bytes) noexcept
+{
+    if (bytes < OwnReservation) return std::calloc(1, bytes);
+    return VirtualAlloc(nullptr, bytes, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
+}
+
+void FreeZeroed(void* memory, std::size_t bytes) noexcept
+{
+    if (!memory) return;
+    if (bytes < OwnReservation) {
+        std::free(memory);
+    } else {
+        VirtualFree(memory, 0, MEM_RELEASE);
+    }
+}
+
+std::uint64_t UsableMemory() noexcept
+{
+    MEMORYSTATUSEX status{};
+    status.dwLength = sizeof status;
+    if (!GlobalMemoryStatusEx(&status)) return SIZE_MAX;
+    return std::min<std::uint64_t>(status.ullTotalPhys, status.ullTotalVirtual);
+}
+
+} // namespace qor::platform
