@@ -11,369 +11,323 @@
 namespace qor {
 namespace {
 
-class DataBlockLoader {
+class DataBlockLoader
+{
 public:
-  DataBlockLoader(RecordReader &file, std::int16_t version, DataBlock &block,
-                  const ArraySelection &selection, LoadResult &result)
-      : file_(file), version_(version), block_(block), selection_(selection),
-        result_(result) {}
+    DataBlockLoader(RecordReader& file, std::int16_t version, DataBlock& block, const ArraySelection& selection,
+                    LoadResult& result)
+        : file_(file), version_(version), block_(block), selection_(selection), result_(result)
+    {}
 
-  // The records of a list, or of the file's top level. The reader stands where
-  // a type code may follow.
-  ReturnStatus Load_Records() {
-    if (file_.AtEnd())
-      return Success;
-    ReturnStatus status = Success;
-    std::int32_t traceNumber = 0;
-    for (std::int16_t item = 0;;) {
-      switch (item) {
-      case 0:
-        break;
-      case DataBlockRecord:
-        status = Load_DataBlockRecord();
-        if (status == Success)
-          block_.DataBlockFromFile = true;
-        break;
-      case TraceRecord:
-        ++traceNumber;
-        if (traceNumber <= block_.NumberOfTraces) {
-          status = Load_TraceRecord(traceNumber);
-        } else if (SkipsUnknown()) {
-          SkipRecord();
-        } else {
-          status = Failure;
+    // The records of a list, or of the file's top level. The reader stands where a type code may follow.
+    ReturnStatus Load_Records()
+    {
+        if (file_.AtEnd()) return Success;
+        ReturnStatus status = Success;
+        std::int32_t traceNumber = 0;
+        for (std::int16_t item = 0;;) {
+            switch (item) {
+            case 0: break;
+            case DataBlockRecord:
+                status = Load_DataBlockRecord();
+                if (status == Success) block_.DataBlockFromFile = true;
+                break;
+            case TraceRecord:
+                ++traceNumber;
+                if (traceNumber <= block_.NumberOfTraces) {
+                    status = Load_TraceRecord(traceNumber);
+                } else if (SkipsUnknown()) {
+                    SkipRecord();
+                } else {
+                    status = Failure;
+                }
+                break;
+            case TraceSubRecordType: SkipRecord(); break;
+            case EndOfTraces:
+            case EndOfSubRecords:
+            case ClosingTag: return Success;
+            default:
+                if (SkipsUnknown()) SkipRecord();
+            }
+            if (ended_) return Failure;
+            if (file_.AtEnd()) {
+                result_.error = InputFile_ReadFail;
+                return status;
+            }
+            const bool whole = file_.GetTag(item);
+            if (status == Failure) return status;
+            if (!whole) {
+                result_.error = InputFile_ReadFail;
+                return status;
+            }
+            if (item == EndMarker) return status;
         }
-        break;
-      case TraceSubRecordType:
-        SkipRecord();
-        break;
-      case EndOfTraces:
-      case EndOfSubRecords:
-      case ClosingTag:
-        return Success;
-      default:
-        if (SkipsUnknown())
-          SkipRecord();
-      }
-      if (ended_)
-        return Failure;
-      if (file_.AtEnd()) {
-        result_.error = InputFile_ReadFail;
-        return status;
-      }
-      const bool whole = file_.GetTag(item);
-      if (status == Failure)
-        return status;
-      if (!whole) {
-        result_.error = InputFile_ReadFail;
-        return status;
-      }
-      if (item == EndMarker)
-        return status;
     }
-  }
 
 private:
-  // State of the record being read.
-  struct RecordState {
-    bool failed = false; // ends the record's reading
-    bool fault = false;  // spoils its result, but does not end the reading
-    bool appendsTraces = false; // a count of traces adds to the earlier one
-  };
-
-  // Whether what is not known has a length by which it can be skipped.
-  bool SkipsUnknown() const { return version_ >= FirstVersionThatSkips; }
-
-  TextForm Texts() const {
-    return version_ < DataBlock_FirstVersionWithCountedText
-               ? TextForm::ZeroTerminated
-               : TextForm::Counted;
-  }
-
-  void EndReading() {
-    ended_ = true;
-    result_.error = InputFile_ReadFail;
-  }
-
-  void SkipRecord() {
-    if (!file_.SkipRecord())
-      EndReading();
-  }
-
-  // The fields of a record. Each is read by loadField(field, state).
-  template <const auto &Fields, class LoadField>
-  ReturnStatus Load_Record(LoadField loadField) {
-    RecordState state;
-    const RecordEnd end = Load_RecordFields<Fields>(
-        file_, SkipsUnknown(), [&](const auto &field) {
-          loadField(field, state);
-          return !ended_ && !state.failed;
-        });
-    if (end == RecordEnd::WentBack)
-      EndReading();
-    if (end == RecordEnd::EndOfFile)
-      result_.error = InputFile_ReadFail;
-    const bool read = end == RecordEnd::Closed && !state.failed && !state.fault;
-    return read ? Success : Failure;
-  }
-
-  ReturnStatus Load_DataBlockRecord() {
-    ResetDataBlock();
-    return Load_Record<DataBlock_Fields>(
-        [this](const auto &field, RecordState &state) {
-          Load_Field(file_, block_, field, Texts(),
-                     [&](DataBlockStep step) { Load(step, state); });
-        });
-  }
-
-  // A record may stand inside a list of another one of its kind; traces that
-  // are being read are then gone.
-  void ResetDataBlock() {
-    const bool fromFile = block_.DataBlockFromFile;
-    block_ = DataBlock();
-    block_.DataBlockFromFile = fromFile;
-    ++resets_;
-    traceKind_ = static_cast<std::int16_t>(block_.Kept[TraceKindTag]);
-    dataFormat_ = block_.DataFormat;
-    numberOfSamples_ = block_.NumberOfSamples;
-  }
-
-  void Load(DataBlockStep step, RecordState &state) {
-    switch (step) {
-    case DataBlockStep::LayoutMarker:
-      file_.GetInt16();
-      state.appendsTraces = true;
-      break;
-    case DataBlockStep::NumberOfTraces:
-      Load_NumberOfTraces(state);
-      break;
-    case DataBlockStep::NumberOfSamples:
-      block_.NumberOfSamples = numberOfSamples_ = file_.GetInt32();
-      if (numberOfSamples_ < 2) {
-        result_.error = InputFile_ReadFail;
-        state.failed = true;
-      }
-      break;
-    case DataBlockStep::DataFormat:
-      block_.DataFormat = dataFormat_ = file_.GetInt16();
-      break;
-    case DataBlockStep::TraceKind:
-      traceKind_ = file_.GetInt16();
-      block_.Kept[TraceKindTag] = static_cast<std::uint16_t>(traceKind_);
-      break;
-    case DataBlockStep::XaxisValues:
-      state.failed |= Load_Xaxis() != NoError;
-      break;
-    case DataBlockStep::Traces:
-      Load_Traces(state);
-      break;
-    case DataBlockStep::AuxiliaryTrace:
-      Skip_Arrays(1);
-      break;
-    case DataBlockStep::AuxiliaryTraces:
-      Skip_Arrays(file_.GetInt16());
-      break;
-    }
-  }
-
-  void Load_NumberOfTraces(RecordState &state) {
-    const int sum =
-        file_.GetInt16() + (state.appendsTraces ? block_.NumberOfTraces : 0);
-    if (sum > std::numeric_limits<std::int16_t>::max() ||
-        sum < std::numeric_limits<std::int16_t>::min()) {
-      state.fault = true;
-      return;
-    }
-    block_.NumberOfTraces = static_cast<std::int16_t>(sum);
-    if (sum < 0) {
-      state.fault = true; // no list has fewer than 0 traces
-    } else {
-      block_.Traces.Resize(sum);
-    }
-  }
-
-  void Load_Traces(RecordState &state) {
-    const std::int16_t blankKind =
-        static_cast<std::int16_t>(DataBlock().Kept[TraceKindTag]);
-    state.failed |= Load_List() == Failure;
-    // Traces of older files say themselves what their header left out.
-    if (static_cast<std::int16_t>(block_.Kept[TraceKindTag]) == blankKind) {
-      block_.Kept[TraceKindTag] = static_cast<std::uint16_t>(traceKind_);
-    }
-    if (block_.DataFormat == RealFormat)
-      block_.DataFormat = dataFormat_;
-    if (block_.NumberOfSamples == 0)
-      block_.NumberOfSamples = numberOfSamples_;
-  }
-
-  ReturnStatus Load_List() {
-    if (listDepth_ == DeepestList) {
-      EndReading();
-      return Failure;
-    }
-    ++listDepth_;
-    const ReturnStatus status = Load_Records();
-    --listDepth_;
-    return status;
-  }
-
-  ReturnStatus Load_TraceRecord(std::int32_t number) {
-    const std::int64_t reset = resets_;
-    Trace dropped;
-    // Looked up anew for every field: a list inside the record may move the
-    // traces, or do away with them.
-    const auto trace = [&]() -> Trace & {
-      return resets_ == reset ? block_.Traces.Edit(number) : dropped;
+    // State of the record being read.
+    struct RecordState {
+        bool failed = false;        // ends the record's reading
+        bool fault = false;         // spoils its result, but does not end the reading
+        bool appendsTraces = false; // a count of traces adds to the earlier one
     };
-    trace() = InitialTraceRecord();
-    return Load_Record<Trace_Fields>([&](const auto &field,
-                                         RecordState &state) {
-      if (const auto *step = std::get_if<TraceStep>(&field.value);
-          step && *step == TraceStep::SubRecords) {
+
+    // Whether what is not known has a length by which it can be skipped.
+    bool SkipsUnknown() const { return version_ >= FirstVersionThatSkips; }
+
+    TextForm Texts() const
+    {
+        return version_ < DataBlock_FirstVersionWithCountedText ? TextForm::ZeroTerminated : TextForm::Counted;
+    }
+
+    void EndReading()
+    {
+        ended_ = true;
+        result_.error = InputFile_ReadFail;
+    }
+
+    void SkipRecord()
+    {
+        if (!file_.SkipRecord()) EndReading();
+    }
+
+    // The fields of a record. Each is read by loadField(field, state).
+    template <const auto& Fields, class LoadField>
+    ReturnStatus Load_Record(LoadField loadField)
+    {
+        RecordState state;
+        const RecordEnd end = Load_RecordFields<Fields>(file_, SkipsUnknown(), [&](const auto& field) {
+            loadField(field, state);
+            return !ended_ && !state.failed;
+        });
+        if (end == RecordEnd::WentBack) EndReading();
+        if (end == RecordEnd::EndOfFile) result_.error = InputFile_ReadFail;
+        const bool read = end == RecordEnd::Closed && !state.failed && !state.fault;
+        return read ? Success : Failure;
+    }
+
+    ReturnStatus Load_DataBlockRecord()
+    {
+        ResetDataBlock();
+        return Load_Record<DataBlock_Fields>([this](const auto& field, RecordState& state) {
+            Load_Field(file_, block_, field, Texts(), [&](DataBlockStep step) { Load(step, state); });
+        });
+    }
+
+    // A record may stand inside a list of another one of its kind; traces that are being read are then gone.
+    void ResetDataBlock()
+    {
+        const bool fromFile = block_.DataBlockFromFile;
+        block_ = DataBlock();
+        block_.DataBlockFromFile = fromFile;
+        ++resets_;
+        traceKind_ = static_cast<std::int16_t>(block_.Kept[TraceKindTag]);
+        dataFormat_ = block_.DataFormat;
+        numberOfSamples_ = block_.NumberOfSamples;
+    }
+
+    void Load(DataBlockStep step, RecordState& state)
+    {
+        switch (step) {
+        case DataBlockStep::LayoutMarker:
+            file_.GetInt16();
+            state.appendsTraces = true;
+            break;
+        case DataBlockStep::NumberOfTraces: Load_NumberOfTraces(state); break;
+        case DataBlockStep::NumberOfSamples:
+            block_.NumberOfSamples = numberOfSamples_ = file_.GetInt32();
+            if (numberOfSamples_ < 2) {
+                result_.error = InputFile_ReadFail;
+                state.failed = true;
+            }
+            break;
+        case DataBlockStep::DataFormat: block_.DataFormat = dataFormat_ = file_.GetInt16(); break;
+        case DataBlockStep::TraceKind:
+            traceKind_ = file_.GetInt16();
+            block_.Kept[TraceKindTag] = static_cast<std::uint16_t>(traceKind_);
+            break;
+        case DataBlockStep::XaxisValues: state.failed |= Load_Xaxis() != NoError; break;
+        case DataBlockStep::Traces: Load_Traces(state); break;
+        case DataBlockStep::AuxiliaryTrace: Skip_Arrays(1); break;
+        case DataBlockStep::AuxiliaryTraces: Skip_Arrays(file_.GetInt16()); break;
+        }
+    }
+
+    void Load_NumberOfTraces(RecordState& state)
+    {
+        const int sum = file_.GetInt16() + (state.appendsTraces ? block_.NumberOfTraces : 0);
+        if (sum > std::numeric_limits<std::int16_t>::max() || sum < std::numeric_limits<std::int16_t>::min()) {
+            state.fault = true;
+            return;
+        }
+        block_.NumberOfTraces = static_cast<std::int16_t>(sum);
+        if (sum < 0) {
+            state.fault = true; // no list has fewer than 0 traces
+        } else {
+            block_.Traces.Resize(sum);
+        }
+    }
+
+    void Load_Traces(RecordState& state)
+    {
+        const std::int16_t blankKind = static_cast<std::int16_t>(DataBlock().Kept[TraceKindTag]);
         state.failed |= Load_List() == Failure;
-        return;
-      }
-      Load_Field(file_, trace(), field, Texts(),
-                 [&](TraceStep each) { Load(trace(), number, each, state); });
-    });
-  }
-
-  void Load(Trace &trace, std::int32_t number, TraceStep step,
-            RecordState &state) {
-    switch (step) {
-    case TraceStep::Samples:
-      Load_Samples(trace, number, state);
-      break;
-    case TraceStep::SubRecords:
-      break; // opens a list, see Load_TraceRecord
-    case TraceStep::KeptArray:
-      for (std::uint32_t &value : trace.KeptArray)
-        value = file_.GetRaw32();
-      break;
-    case TraceStep::SecondComplexSamples:
-      state.fault |= Load_Array(trace.SecondComplexSamples, numberOfSamples_,
-                                selection_.trace(number)) != NoError;
-      break;
-    case TraceStep::OlderNumberOfSamples: {
-      const std::int32_t value = file_.GetInt32();
-      if (numberOfSamples_ == 0)
-        numberOfSamples_ = value;
-      break;
+        // Traces of older files say themselves what their header left out.
+        if (static_cast<std::int16_t>(block_.Kept[TraceKindTag]) == blankKind) {
+            block_.Kept[TraceKindTag] = static_cast<std::uint16_t>(traceKind_);
+        }
+        if (block_.DataFormat == RealFormat) block_.DataFormat = dataFormat_;
+        if (block_.NumberOfSamples == 0) block_.NumberOfSamples = numberOfSamples_;
     }
-    case TraceStep::OlderDataFormat: {
-      const std::int16_t value = file_.GetInt16();
-      if (dataFormat_ == RealFormat)
-        dataFormat_ = value;
-      break;
+
+    ReturnStatus Load_List()
+    {
+        if (listDepth_ == DeepestList) {
+            EndReading();
+            return Failure;
+        }
+        ++listDepth_;
+        const ReturnStatus status = Load_Records();
+        --listDepth_;
+        return status;
     }
+
+    ReturnStatus Load_TraceRecord(std::int32_t number)
+    {
+        const std::int64_t reset = resets_;
+        Trace dropped;
+        // Looked up anew for every field: a list inside the record may move the traces, or do away with them.
+        const auto trace = [&]() -> Trace& { return resets_ == reset ? block_.Traces.Edit(number) : dropped; };
+        trace() = InitialTraceRecord();
+        return Load_Record<Trace_Fields>([&](const auto& field, RecordState& state) {
+            if (const auto* step = std::get_if<TraceStep>(&field.value); step && *step == TraceStep::SubRecords) {
+                state.failed |= Load_List() == Failure;
+                return;
+            }
+            Load_Field(file_, trace(), field, Texts(), [&](TraceStep each) { Load(trace(), number, each, state); });
+        });
     }
-  }
 
-  void Load_Samples(Trace &trace, std::int32_t number, RecordState &state) {
-    if (numberOfSamples_ == 0)
-      return;
-    ErrorStatusTypes error = NoError;
-    if (dataFormat_ == ComplexFormat) {
-      trace.RealSamples.Release();
-      error = Load_Array(trace.ComplexSamples, numberOfSamples_,
-                         selection_.trace(number));
-    } else {
-      trace.ComplexSamples.Release();
-      error = Load_Array(trace.RealSamples, numberOfSamples_,
-                         selection_.trace(number));
+    void Load(Trace& trace, std::int32_t number, TraceStep step, RecordState& state)
+    {
+        switch (step) {
+        case TraceStep::Samples: Load_Samples(trace, number, state); break;
+        case TraceStep::SubRecords: break; // opens a list, see Load_TraceRecord
+        case TraceStep::KeptArray:
+            for (std::uint32_t& value : trace.KeptArray) value = file_.GetRaw32();
+            break;
+        case TraceStep::SecondComplexSamples:
+            state.fault |=
+                Load_Array(trace.SecondComplexSamples, numberOfSamples_, selection_.trace(number)) != NoError;
+            break;
+        case TraceStep::OlderNumberOfSamples: {
+            const std::int32_t value = file_.GetInt32();
+            if (numberOfSamples_ == 0) numberOfSamples_ = value;
+            break;
+        }
+        case TraceStep::OlderDataFormat: {
+            const std::int16_t value = file_.GetInt16();
+            if (dataFormat_ == RealFormat) dataFormat_ = value;
+            break;
+        }
+        }
     }
-    if (error != NoError) {
-      result_.error = error;
-      state.failed = true;
+
+    void Load_Samples(Trace& trace, std::int32_t number, RecordState& state)
+    {
+        if (numberOfSamples_ == 0) return;
+        ErrorStatusTypes error = NoError;
+        if (dataFormat_ == ComplexFormat) {
+            trace.RealSamples.Release();
+            error = Load_Array(trace.ComplexSamples, numberOfSamples_, selection_.trace(number));
+        } else {
+            trace.ComplexSamples.Release();
+            error = Load_Array(trace.RealSamples, numberOfSamples_, selection_.trace(number));
+        }
+        if (error != NoError) {
+            result_.error = error;
+            state.failed = true;
+        }
     }
-  }
 
-  ErrorStatusTypes Load_Xaxis() {
-    const std::int64_t count = block_.NumberOfSamples;
-    const FilePosition first = file_.Position();
-    const ErrorStatusTypes error =
-        Load_Array(block_.Xaxis, block_.NumberOfSamples, selection_.xaxis);
-    if (error == NoError && count > 0 && !file_.AtEnd()) {
-      const FilePosition behind = file_.Position();
-      file_.MoveTo(first);
-      result_.firstX = file_.GetFloat();
-      file_.MoveTo(behind - static_cast<FilePosition>(sizeof(float)));
-      result_.lastX = file_.GetFloat();
+    ErrorStatusTypes Load_Xaxis()
+    {
+        const std::int64_t count = block_.NumberOfSamples;
+        const FilePosition first = file_.Position();
+        const ErrorStatusTypes error = Load_Array(block_.Xaxis, block_.NumberOfSamples, selection_.xaxis);
+        if (error == NoError && count > 0 && !file_.AtEnd()) {
+            const FilePosition behind = file_.Position();
+            file_.MoveTo(first);
+            result_.firstX = file_.GetFloat();
+            file_.MoveTo(behind - static_cast<FilePosition>(sizeof(float)));
+            result_.lastX = file_.GetFloat();
+        }
+        return error;
     }
-    return error;
-  }
 
-  // Makes the array and fills it, or, where it is not wanted, only moves past
-  // it. An array that the file does not hold to its last byte is not made.
-  template <class T>
-  ErrorStatusTypes Load_Array(SampleArray<T> &array, std::int32_t count,
-                              bool wanted) {
-    if (count == 0)
-      return NoError;
-    if (count < 0)
-      return AllocationError;
-    array.Release();
-    const std::int64_t bytes =
-        std::int64_t{count} * static_cast<std::int64_t>(sizeof(T));
-    if (!wanted || bytes > file_.BytesLeft()) {
-      file_.Skip(bytes); // may set the end-of-file condition, which the
-                         // record's reading then meets
-      return NoError;
+    // Makes the array and fills it, or, where it is not wanted, only moves past it. An array that the file does
+    // not hold to its last byte is not made.
+    template <class T>
+    ErrorStatusTypes Load_Array(SampleArray<T>& array, std::int32_t count, bool wanted)
+    {
+        if (count == 0) return NoError;
+        if (count < 0) return AllocationError;
+        array.Release();
+        const std::int64_t bytes = std::int64_t{count} * static_cast<std::int64_t>(sizeof(T));
+        if (!wanted || bytes > file_.BytesLeft()) {
+            file_.Skip(bytes); // may set the end-of-file condition, which the record's reading then meets
+            return NoError;
+        }
+        if (!array.AllocateZeros(block_.Memory, count)) return AllocationError;
+        file_.GetBytes(std::as_writable_bytes(array.Values()));
+        return NoError;
     }
-    if (!array.AllocateZeros(block_.Memory, count))
-      return AllocationError;
-    file_.GetBytes(std::as_writable_bytes(array.Values()));
-    return NoError;
-  }
 
-  // Reads past so many arrays of samples.
-  void Skip_Arrays(std::int64_t arrays) {
-    const std::int64_t samples = std::max(0, block_.NumberOfSamples);
-    if (arrays > 0)
-      file_.Skip(arrays * samples *
-                 static_cast<std::int64_t>(sizeof(ComplexSample)));
-  }
+    // Reads past so many arrays of samples.
+    void Skip_Arrays(std::int64_t arrays)
+    {
+        const std::int64_t samples = std::max(0, block_.NumberOfSamples);
+        if (arrays > 0) file_.Skip(arrays * samples * static_cast<std::int64_t>(sizeof(ComplexSample)));
+    }
 
-  RecordReader &file_;
-  const std::int16_t version_;
-  DataBlock &block_;
-  const ArraySelection &selection_;
-  LoadResult &result_;
+    RecordReader& file_;
+    const std::int16_t version_;
+    DataBlock& block_;
+    const ArraySelection& selection_;
+    LoadResult& result_;
 
-  // What the traces go by: taken from the header as it is read, or from older
-  // traces.
-  std::int16_t traceKind_ = 0;
-  std::int16_t dataFormat_ = RealFormat;
-  std::int32_t numberOfSamples_ = 0;
+    // What the traces go by: taken from the header as it is read, or from older traces.
+    std::int16_t traceKind_ = 0;
+    std::int16_t dataFormat_ = RealFormat;
+    std::int32_t numberOfSamples_ = 0;
 
-  bool ended_ = false; // nothing more is read
-  int listDepth_ = 0;
-  std::int64_t resets_ = 0;
+    bool ended_ = false; // nothing more is read
+    int listDepth_ = 0;
+    std::int64_t resets_ = 0;
 };
 
 } // namespace
 
-LoadResult LoadDataBlock(ByteSource &source, DataBlock &block,
-                         const ArraySelection &selection) {
-  LoadResult result;
-  InitializeDataBlockStorage(block);
-  RecordReader file(source);
-  const auto version = FindPreamble(file);
-  if (!version || *version > DataBlock_Version) {
-    result.status = Failure;
-    result.error = InputFile_ReadFail;
+LoadResult LoadDataBlock(ByteSource& source, DataBlock& block, const ArraySelection& selection)
+{
+    LoadResult result;
+    InitializeDataBlockStorage(block);
+    RecordReader file(source);
+    const auto version = FindPreamble(file);
+    if (!version || *version > DataBlock_Version) {
+        result.status = Failure;
+        result.error = InputFile_ReadFail;
+        return result;
+    }
+    result.version = *version;
+    SkipReservedWords(file);
+    try {
+        result.status = DataBlockLoader(file, *version, block, selection, result).Load_Records();
+    } catch (const std::bad_alloc&) {
+        result.status = Failure;
+        result.error = AllocationError;
+    }
     return result;
-  }
-  result.version = *version;
-  SkipReservedWords(file);
-  try {
-    result.status = DataBlockLoader(file, *version, block, selection, result)
-                        .Load_Records();
-  } catch (const std::bad_alloc &) {
-    result.status = Failure;
-    result.error = AllocationError;
-  }
-  return result;
 }
 
 } // namespace qor
