@@ -14,3 +14,7 @@ endif()
 if(QOR_FILE_DEVELOPER OR QOR_FILE_FUZZ)
   target_compile_options(qor_settings INTERFACE -Werror)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+  # The sanitizers' own code makes g++ see uninitialized values in the standard library's.
+  target_compile_options(qor_settings INTERFACE -Wno-maybe-uninitialized)
+endif()

@@ -5,6 +5,7 @@
 #include "datablock/DataBlockLayout.h"
 #include "platform/Memory.h"
 
+#include <algorithm>
 #include <new>
 
 namespace qor {
@@ -90,6 +91,8 @@ const Trace& TraceList::operator[](std::int32_t index) const
 Trace& TraceList::Edit(std::int32_t index)
 {
     const auto place = static_cast<std::size_t>(index - 1);
+    // Room for all of them at once, as memory that is only reserved costs little and moving traces much.
+    if (place >= made_.capacity()) made_.reserve(std::max(static_cast<std::size_t>(count_), 2 * made_.capacity()));
     if (place >= made_.size()) made_.resize(place + 1);
     return made_[place];
 }

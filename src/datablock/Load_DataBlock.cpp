@@ -121,6 +121,7 @@ private:
         block_ = DataBlock();
         block_.DataBlockFromFile = fromFile;
         ++resets_;
+        result_.firstX = result_.lastX = 0;
         traceKind_ = static_cast<std::int16_t>(block_.Kept[TraceKindTag]);
         dataFormat_ = block_.DataFormat;
         numberOfSamples_ = block_.NumberOfSamples;

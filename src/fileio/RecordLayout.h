@@ -100,10 +100,12 @@ constexpr KeptValues<HighestTag> InitialKeptValues(const Field<Record, Step> (&f
     KeptValues<HighestTag> kept{};
     for (const auto& field : fields) {
         const auto tag = static_cast<std::size_t>(field.tag);
-        if (const auto* value = std::get_if<Kept16>(&field.value)) {
-            kept[tag] = static_cast<std::uint16_t>(value->initial);
+        // By reference: under UndefinedBehaviorSanitizer g++ 12 does not take the address for a constant.
+        if (std::holds_alternative<Kept16>(field.value)) {
+            kept[tag] = static_cast<std::uint16_t>(std::get<Kept16>(field.value).initial);
+        } else if (std::holds_alternative<Kept32>(field.value)) {
+            kept[tag] = std::get<Kept32>(field.value).initial;
         }
-        if (const auto* value = std::get_if<Kept32>(&field.value)) kept[tag] = value->initial;
     }
     return kept;
 }

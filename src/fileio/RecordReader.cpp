@@ -3,15 +3,13 @@
 #include "fileio/RecordReader.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cstring>
 
 namespace qor {
 namespace {
 
 // A reader that jumps from header to header wants few bytes at a time, one that reads on wants many.
-constexpr std::size_t SmallestFill = 4096;
+constexpr std::size_t SmallestFill = 1024;
 constexpr std::size_t LargestFill = 65536;
 
 } // namespace
@@ -35,9 +33,8 @@ void RecordReader::GetBytes(std::span<std::byte> target)
     std::size_t done = 0;
     while (done < target.size()) {
         const FilePosition offset = position_ - bufferStart_;
-        const bool inBuffer = offset >= 0 && offset < static_cast<FilePosition>(buffered_);
         std::size_t got = 0;
-        if (inBuffer) {
+        if (IsBuffered(1)) {
             got = std::min(target.size() - done, buffered_ - static_cast<std::size_t>(offset));
             std::memcpy(target.data() + done, buffer_.data() + offset, got);
         } else if (target.size() - done >= LargestFill) {
@@ -56,21 +53,6 @@ void RecordReader::GetBytes(std::span<std::byte> target)
     std::fill(target.begin() + static_cast<std::ptrdiff_t>(done), target.end(), std::byte{0});
     atEnd_ = done < target.size();
 }
-
-template <class Unsigned>
-Unsigned RecordReader::GetUnsigned()
-{
-    std::array<std::byte, sizeof(Unsigned)> bytes;
-    GetBytes(bytes);
-    std::uint32_t value = 0;
-    for (std::size_t i = bytes.size(); i-- > 0;) value = (value << 8) | std::to_integer<std::uint32_t>(bytes[i]);
-    return static_cast<Unsigned>(value);
-}
-
-std::int16_t RecordReader::GetInt16() { return static_cast<std::int16_t>(GetUnsigned<std::uint16_t>()); }
-std::int32_t RecordReader::GetInt32() { return static_cast<std::int32_t>(GetUnsigned<std::uint32_t>()); }
-std::uint32_t RecordReader::GetRaw32() { return GetUnsigned<std::uint32_t>(); }
-float RecordReader::GetFloat() { return std::bit_cast<float>(GetRaw32()); }
 
 bool RecordReader::GetTag(std::int16_t& tag)
 {

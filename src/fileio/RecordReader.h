@@ -7,8 +7,11 @@
 
 #include "platform/ByteStream.h"
 
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <vector>
 
@@ -29,10 +32,10 @@ public:
     // The end-of-file condition: the last read could not be completed. Moving leaves it as it is.
     bool AtEnd() const { return atEnd_; }
 
-    std::int16_t GetInt16();
-    std::int32_t GetInt32();
-    std::uint32_t GetRaw32();
-    float GetFloat();
+    std::int16_t GetInt16() { return static_cast<std::int16_t>(GetUnsigned<std::uint16_t>()); }
+    std::int32_t GetInt32() { return static_cast<std::int32_t>(GetUnsigned<std::uint32_t>()); }
+    std::uint32_t GetRaw32() { return GetUnsigned<std::uint32_t>(); }
+    float GetFloat() { return std::bit_cast<float>(GetRaw32()); }
     // Reads a tag or a record type code. False when the file ends inside it, whatever bytes there were.
     bool GetTag(std::int16_t& tag);
     void GetBytes(std::span<std::byte> target);
@@ -51,6 +54,7 @@ public:
 private:
     template <class Unsigned>
     Unsigned GetUnsigned();
+    bool IsBuffered(std::size_t bytes) const;
     void Fill();
 
     ByteSource& source_;
@@ -62,5 +66,28 @@ private:
     std::size_t buffered_ = 0;     // bytes that the buffer holds
     std::size_t nextFill_;         // bytes to ask for next time
 };
+
+// In the header, as what a document with thousands of short records spends its time on.
+inline bool RecordReader::IsBuffered(std::size_t bytes) const
+{
+    const FilePosition offset = position_ - bufferStart_;
+    return offset >= 0 && offset + static_cast<FilePosition>(bytes) <= static_cast<FilePosition>(buffered_);
+}
+
+template <class Unsigned>
+Unsigned RecordReader::GetUnsigned()
+{
+    std::array<std::byte, sizeof(Unsigned)> bytes;
+    if (IsBuffered(bytes.size())) {
+        std::memcpy(bytes.data(), buffer_.data() + (position_ - bufferStart_), bytes.size());
+        position_ += static_cast<FilePosition>(bytes.size());
+        atEnd_ = false;
+    } else {
+        GetBytes(bytes);
+    }
+    std::uint32_t value = 0;
+    for (std::size_t i = bytes.size(); i-- > 0;) value = (value << 8) | std::to_integer<std::uint32_t>(bytes[i]);
+    return static_cast<Unsigned>(value);
+}
 
 } // namespace qor

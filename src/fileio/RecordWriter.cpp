@@ -4,21 +4,12 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstring>
 
 namespace qor {
 namespace {
 
-constexpr std::size_t BufferSize = 65536;
-
-template <class Unsigned>
-std::array<std::byte, sizeof(Unsigned)> LittleEndian(Unsigned value)
-{
-    std::array<std::byte, sizeof(Unsigned)> bytes;
-    for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::byte>((value >> (8 * i)) & 0xFF);
-    return bytes;
-}
+constexpr std::size_t BufferSize = std::size_t{256} << 10; // fewer system calls; more gains nothing
 
 } // namespace
 
@@ -62,17 +53,6 @@ void RecordWriter::PutZeros(std::int64_t bytes)
         bytes -= piece;
     }
 }
-
-template <class Unsigned>
-void RecordWriter::PutUnsigned(Unsigned value)
-{
-    PutBytes(LittleEndian(value));
-}
-
-void RecordWriter::PutInt16(std::int16_t value) { PutUnsigned(static_cast<std::uint16_t>(value)); }
-void RecordWriter::PutInt32(std::int32_t value) { PutUnsigned(static_cast<std::uint32_t>(value)); }
-void RecordWriter::PutRaw32(std::uint32_t value) { PutUnsigned(value); }
-void RecordWriter::PutFloat(float value) { PutUnsigned(std::bit_cast<std::uint32_t>(value)); }
 
 FilePosition RecordWriter::BeginRecord(std::int16_t recordType)
 {

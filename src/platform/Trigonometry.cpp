@@ -106,7 +106,7 @@ double SmallSine(double x)
     sum = sum * s - 1.0 / 5040;
     sum = sum * s + 1.0 / 120;
     sum = sum * s - 1.0 / 6;
-    return x + x * s * sum;
+    return x == 0 ? x : x + x * s * sum; // the sum would lose the sign of -0
 }
 
 double SmallCosine(double x)

@@ -2,7 +2,7 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // Sine, cosine and arctangent with the same bits on every platform. The C libraries differ: some use the x87
-// instructions, which miss many bits near multiples of 90 degrees. Errors stay below 2 units in the last place
+// instructions, which miss many bits near multiples of 90 degrees. Errors stay below 3 units in the last place
 // of a double, so that a result rounded to float is right to its last bit.
 #pragma once
 
