@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// Standard output, error lines and exit codes of the tool.
+#pragma once
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace qor::tool {
+
+enum ExitCode { Done = 0, FileFailed = 1, WrongUsage = 2 };
+
+// What ends a command. The text is one line that names the file or the option.
+class ToolError : public std::runtime_error
+{
+public:
+    ToolError(ExitCode code, const std::string& text) : std::runtime_error(text), code_(code) {}
+    ExitCode Code() const { return code_; }
+
+private:
+    ExitCode code_;
+};
+
+ToolError FileError(std::string_view path, std::string_view reason);
+ToolError UsageError(std::string_view reason);
+
+// Thrown when whoever reads our output has closed it, as head does: nothing is wrong, there is just no more to do.
+struct ReaderGone {};
+
+// Buffered text output. Throws ReaderGone or ToolError when it cannot be written; nothing is written any more
+// from then on.
+class Output
+{
+public:
+    explicit Output(std::FILE* file) : file_(file) {}
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    void Write(std::string_view text)
+    {
+        buffer_.append(text);
+        if (buffer_.size() >= FlushAt) Flush();
+    }
+    template <class... Arguments>
+    void Print(fmt::format_string<Arguments...> format, Arguments&&... arguments)
+    {
+        fmt::format_to(fmt::appender(buffer_), format, std::forward<Arguments>(arguments)...);
+        if (buffer_.size() >= FlushAt) Flush();
+    }
+    void Flush();
+    bool IsTerminal() const;
+
+private:
+    static constexpr std::size_t FlushAt = 1 << 16;
+
+    std::FILE* file_;
+    fmt::memory_buffer buffer_;
+};
+
+// One line on standard error, as "qor: text". Control characters in the text are shown as U+FFFD.
+void PrintMessage(std::string_view text);
+
+// To be called first: writing to a closed pipe, or beyond a limit on file sizes, becomes an error that can be
+// reported, and a file opened later cannot take the number of a standard stream that was closed.
+void PrepareProcess();
+
+} // namespace qor::tool
