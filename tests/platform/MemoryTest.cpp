@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+#include "platform/Memory.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace qor::platform {
+namespace {
+
+constexpr std::size_t HugePage = std::size_t{2} << 20;
+
+// On both sides of the size from which memory is mapped, and sizes that are no multiple of a page.
+constexpr std::size_t Sizes[] = {1,
+                                 17,
+                                 4096,
+                                 100'003,
+                                 HugePage - 1,
+                                 HugePage,
+                                 HugePage + 1,
+                                 2 * HugePage,
+                                 3 * HugePage - 4096,
+                                 5 * HugePage + 12'345};
+
+TEST(AllocateZeroed, GivesZeros)
+{
+    for (const std::size_t size : Sizes) {
+        auto* const memory = static_cast<unsigned char*>(AllocateZeroed(size));
+        ASSERT_NE(memory, nullptr) << size;
+        EXPECT_EQ(std::count(memory, memory + size, 0), static_cast<std::ptrdiff_t>(size)) << size;
+        FreeZeroed(memory, size);
+    }
+}
+
+TEST(AllocateZeroed, GivesZerosAgainAfterTheMemoryWasUsed)
+{
+    for (const std::size_t size : Sizes) {
+        for (int turn = 0; turn < 3; ++turn) {
+            auto* const memory = static_cast<unsigned char*>(AllocateZeroed(size));
+            ASSERT_NE(memory, nullptr) << size;
+            EXPECT_EQ(std::count(memory, memory + size, 0), static_cast<std::ptrdiff_t>(size)) << size;
+            std::fill_n(memory, size, static_cast<unsigned char>(0xFF));
+            FreeZeroed(memory, size);
+        }
+    }
+}
+
+TEST(AllocateZeroed, GivesPiecesThatDoNotOverlap)
+{
+    for (const std::size_t size : Sizes) {
+        auto* const first = static_cast<unsigned char*>(AllocateZeroed(size));
+        auto* const second = static_cast<unsigned char*>(AllocateZeroed(size));
+        ASSERT_NE(first, nullptr);
+        ASSERT_NE(second, nullptr);
+        std::fill_n(first, size, static_cast<unsigned char>(1));
+        std::fill_n(second, size, static_cast<unsigned char>(2));
+        EXPECT_EQ(std::count(first, first + size, 1), static_cast<std::ptrdiff_t>(size)) << size;
+        FreeZeroed(first, size);
+        EXPECT_EQ(std::count(second, second + size, 2), static_cast<std::ptrdiff_t>(size)) << size;
+        FreeZeroed(second, size);
+    }
+}
+
+TEST(AllocateZeroed, IsAlignedForAnyTypeAndLargePiecesToHugePages)
+{
+    for (const std::size_t size : Sizes) {
+        void* const memory = AllocateZeroed(size);
+        const std::size_t alignment = size >= HugePage ? HugePage : alignof(std::max_align_t);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(memory) % alignment, 0U) << size;
+        FreeZeroed(memory, size);
+    }
+}
+
+TEST(AllocateZeroed, IsNullWhereTheSystemRefuses)
+{
+    EXPECT_EQ(AllocateZeroed(SIZE_MAX), nullptr);
+    EXPECT_EQ(AllocateZeroed(SIZE_MAX - HugePage), nullptr);
+    EXPECT_EQ(AllocateZeroed(SIZE_MAX / 2), nullptr);
+}
+
+TEST(FreeZeroed, TakesNull)
+{
+    FreeZeroed(nullptr, 1);
+    FreeZeroed(nullptr, HugePage);
+    void* const memory = AllocateZeroed(1);
+    EXPECT_NE(memory, nullptr) << "and memory can be had afterwards";
+    FreeZeroed(memory, 1);
+}
+
+// Address space that stays mapped after it was given back would be used up in the end: 64 TiB here.
+TEST(FreeZeroed, GivesAllOfAMappingBack)
+{
+    constexpr std::size_t size = std::size_t{1} << 32;
+    for (int turn = 0; turn < 16 * 1024; ++turn) {
+        void* const memory = AllocateZeroed(size + 4096 * static_cast<std::size_t>(turn % 700));
+        ASSERT_NE(memory, nullptr) << turn;
+        FreeZeroed(memory, size + 4096 * static_cast<std::size_t>(turn % 700));
+    }
+}
+
+TEST(UsableMemory, LiesBetweenTheProcessAndItsAddressSpace)
+{
+    EXPECT_GT(UsableMemory(), std::uint64_t{64} << 20);
+    EXPECT_LT(UsableMemory(), std::uint64_t{1} << 48);
+}
+
+} // namespace
+} // namespace qor::platform
