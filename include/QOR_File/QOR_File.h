@@ -12,8 +12,9 @@
 // An in/out parameter is a reference: to const where the member never changes it (so a literal may be
 // passed), a text then being a view. Names are the published ones, odd spellings included.
 //
-// Nothing is thrown: a method that fails returns Failure, a property get that fails returns the default of its
-// type, and ErrorStatus and GetLastErrorString tell why. Element numbers count from 1.
+// A method that fails returns Failure, a property get that fails returns the default of its type, and ErrorStatus
+// and GetLastErrorString tell why. Nothing is thrown, but std::bad_alloc where there is no memory for a text.
+// Element numbers count from 1.
 #pragma once
 
 #include <QOR_File/Enumerations.h>
