@@ -8,6 +8,7 @@
 #ifdef _WIN32
 
 #include <memory>
+#include <new>
 
 namespace qor::platform {
 
@@ -23,7 +24,8 @@ public:
     FiberLocalSlot& operator=(const FiberLocalSlot&) = delete;
 
     void* Get() const;
-    void Set(void* value) const;
+    // False when the system has no slot or no memory left.
+    [[nodiscard]] bool Set(void* value) const;
 
 private:
     unsigned long index_;
@@ -41,7 +43,7 @@ T& PerThread()
     static FiberLocalSlot slot(&DestroyPerThread<T>);
     if (void* value = slot.Get()) return *static_cast<T*>(value);
     auto made = std::make_unique<T>();
-    slot.Set(made.get());
+    if (!slot.Set(made.get())) throw std::bad_alloc();
     return *made.release();
 }
 

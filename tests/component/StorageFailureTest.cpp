@@ -5,6 +5,7 @@
 // is found out before it is allocated, and arrays that fit are not touched.
 #include "component/DataBlockAccess.h"
 #include "platform/Desktop.h"
+#include "platform/Memory.h"
 
 #include <QOR_File/QOR_File.h>
 
@@ -36,6 +37,20 @@ TEST(AllocationFailure, OfADocumentBeyondTheMachinesMemoryEmptiesTheDataBlock)
     file.DataBlock_NumberOfTraces(32000);
 
     file.DataBlock_NumberOfSamples(500'000'000);
+
+    EXPECT_EQ(file.ErrorStatus(), AllocationError);
+    ExpectEmptied(file);
+}
+
+// Each array could be had, as the system lends memory that nobody touches; all of them could never be filled.
+TEST(AllocationFailure, ComesAlreadyWithTheFirstTraceTooMany)
+{
+    constexpr std::int32_t samples = 250'000'000;
+    const auto traces = static_cast<std::int32_t>(platform::UsableMemory() / (sizeof(float) * samples)) + 1;
+    clsQOR_File file;
+    file.DataBlock_NumberOfSamples(samples);
+
+    file.DataBlock_NumberOfTraces(traces);
 
     EXPECT_EQ(file.ErrorStatus(), AllocationError);
     ExpectEmptied(file);

@@ -3,8 +3,10 @@
 #include "platform/Memory.h"
 
 #include <algorithm>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <string>
+#include <unistd.h>
 
 namespace qor::platform {
 namespace {
@@ -88,14 +90,25 @@ TEST(FreeZeroed, TakesNull)
     FreeZeroed(memory, 1);
 }
 
-// Address space that stays mapped after it was given back would be used up in the end: 64 TiB here.
-TEST(FreeZeroed, GivesAllOfAMappingBack)
+// Address space of this process, in pages.
+std::int64_t MappedPages()
 {
-    constexpr std::size_t size = std::size_t{1} << 32;
-    for (int turn = 0; turn < 16 * 1024; ++turn) {
-        void* const memory = AllocateZeroed(size + 4096 * static_cast<std::size_t>(turn % 700));
-        ASSERT_NE(memory, nullptr) << turn;
-        FreeZeroed(memory, size + 4096 * static_cast<std::size_t>(turn % 700));
+    std::int64_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    return pages;
+}
+
+// Large pieces are cut out of a larger mapping; what lies before and behind must not stay mapped.
+TEST(AllocateZeroed, MapsNoMoreThanThePieceItself)
+{
+    const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    MappedPages(); // its own memory is mapped once
+    for (const std::size_t pages : {512, 513, 777, 1024, 1535}) {
+        const std::int64_t before = MappedPages();
+        void* const memory = AllocateZeroed(page * pages);
+        EXPECT_EQ(MappedPages() - before, static_cast<std::int64_t>(pages));
+        FreeZeroed(memory, page * pages);
+        EXPECT_EQ(MappedPages(), before);
     }
 }
 

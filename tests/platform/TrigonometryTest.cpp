@@ -95,6 +95,18 @@ TEST(SineAndCosine, AreExactBesideMultiplesOfARightAngle)
     }
 }
 
+// Found by continued fractions: up to 60 bits cancel.
+TEST(SineAndCosine, AreExactForTheDoublesNearestToMultiplesOfARightAngle)
+{
+    for (const double radians :
+         {0x1.39c6fd67805a7p+19, 0x1.93c05c9ed3cbcp+18, 0x1.bf9b3c6059d24p+17, 0x1.b951f1572eba5p+23,
+          0x1.b951f1572eba5p+24, 0x1.782b7a20df6d4p+67, 0x1.66bd5424e5655p+90, 0x1.99caa5236feeap+76,
+          0x1.e0664dbedfec5p+81, 0x1.065c829d68730p+39, 0x1.ae04fdb542be8p+113}) {
+        ASSERT_NO_FATAL_FAILURE(ExpectExactSineAndCosine(radians));
+        ASSERT_NO_FATAL_FAILURE(ExpectExactSineAndCosine(-radians));
+    }
+}
+
 TEST(SineAndCosine, AreExactAroundTheChangeOfReduction)
 {
     std::mt19937 random(3);

@@ -13,22 +13,32 @@ constexpr std::size_t HugePage = std::size_t{2} << 20;
 
 bool IsMapped(std::size_t bytes) { return bytes >= HugePage; }
 
+std::size_t RoundedUp(std::size_t bytes, std::size_t unit) { return (bytes + unit - 1) / unit * unit; }
+
+// Whole huge pages where that costs a twentieth more at most: the hundreds of small pages behind the last huge one
+// would take as long to fill as that one and all before it.
+std::size_t MappedSize(std::size_t bytes)
+{
+    const std::size_t wholePages = RoundedUp(bytes, HugePage);
+    if (wholePages - bytes <= bytes / 20) return wholePages;
+    return RoundedUp(bytes, static_cast<std::size_t>(sysconf(_SC_PAGESIZE)));
+}
+
 } // namespace
 
 void* AllocateZeroed(std::size_t bytes) noexcept
 {
     if (!IsMapped(bytes)) return std::calloc(1, bytes);
-    if (bytes > SIZE_MAX - HugePage) return nullptr;
+    if (bytes > SIZE_MAX - 2 * HugePage) return nullptr;
 
     // Huge pages start at multiples of their size: map some more, and give back what lies outside.
-    void* const mapping = mmap(nullptr, bytes + HugePage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    const std::size_t used = MappedSize(bytes);
+    void* const mapping = mmap(nullptr, used + HugePage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (mapping == MAP_FAILED) return nullptr;
     auto* const start = static_cast<std::byte*>(mapping);
     const std::size_t before = (HugePage - reinterpret_cast<std::uintptr_t>(start) % HugePage) % HugePage;
-    const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-    const std::size_t used = (bytes + page - 1) / page * page;
     if (before > 0) munmap(start, before);
-    if (before + used < bytes + HugePage) munmap(start + before + used, bytes + HugePage - before - used);
+    munmap(start + before + used, HugePage - before); // at least a page: the mapping starts at one
 #ifdef MADV_HUGEPAGE
     madvise(start + before, used, MADV_HUGEPAGE);
 #endif
@@ -39,7 +49,7 @@ void FreeZeroed(void* memory, std::size_t bytes) noexcept
 {
     if (!memory) return;
     if (IsMapped(bytes)) {
-        munmap(memory, bytes);
+        munmap(memory, MappedSize(bytes));
     } else {
         std::free(memory);
     }

@@ -14,7 +14,7 @@ namespace qor::platform {
 FiberLocalSlot::FiberLocalSlot(void(__stdcall* destroy)(void*)) : index_(FlsAlloc(destroy)) {}
 FiberLocalSlot::~FiberLocalSlot() { FlsFree(index_); }
 void* FiberLocalSlot::Get() const { return FlsGetValue(index_); }
-void FiberLocalSlot::Set(void* value) const { FlsSetValue(index_, value); }
+bool FiberLocalSlot::Set(void* value) const { return FlsSetValue(index_, value) != 0; }
 
 void PostError(std::uint32_t, std::u16string_view source, std::u16string_view description) noexcept
 {

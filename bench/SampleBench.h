@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// Samples read and written one by one, by the published members, beside loops over a vector.
+#pragma once
+
+namespace qor::bench {
+
+void RegisterSampleBenchmarks();
+
+} // namespace qor::bench
