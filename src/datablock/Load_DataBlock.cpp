@@ -91,27 +91,26 @@ private:
         if (!file_.SkipRecord()) EndReading();
     }
 
-    // The fields of a record. Each is read by loadField(field, state).
-    template <const auto& Fields, class LoadField>
-    ReturnStatus Load_Record(LoadField loadField)
+    // The fields of a record, into what record() returns. A step is read by loadStep(step, state).
+    template <const auto& Fields, class GetRecord, class LoadStep>
+    ReturnStatus Load_Fields(GetRecord record, LoadStep loadStep)
     {
         RecordState state;
-        const RecordEnd end = Load_RecordFields<Fields>(file_, SkipsUnknown(), [&](const auto& field) {
-            loadField(field, state);
-            return !ended_ && !state.failed;
-        });
+        const RecordEnd end =
+            Load_Record<Fields>(file_, SkipsUnknown(), Texts(), record, [&](auto step, ItemReader& items) {
+                items.Directly([&](RecordReader&) { loadStep(step, state); });
+                return !ended_ && !state.failed;
+            });
         if (end == RecordEnd::WentBack) EndReading();
         if (end == RecordEnd::EndOfFile) result_.error = InputFile_ReadFail;
-        const bool read = end == RecordEnd::Closed && !state.failed && !state.fault;
-        return read ? Success : Failure;
+        return end == RecordEnd::Closed && !state.fault ? Success : Failure;
     }
 
     ReturnStatus Load_DataBlockRecord()
     {
         ResetDataBlock();
-        return Load_Record<DataBlock_Fields>([this](const auto& field, RecordState& state) {
-            Load_Field(file_, block_, field, Texts(), [&](DataBlockStep step) { Load(step, state); });
-        });
+        return Load_Fields<DataBlock_Fields>([this]() -> DataBlock& { return block_; },
+                                             [this](DataBlockStep step, RecordState& state) { Load(step, state); });
     }
 
     // A record may stand inside a list of another one of its kind; traces that are being read are then gone.
@@ -200,12 +199,12 @@ private:
         // Looked up anew for every field: a list inside the record may move the traces, or do away with them.
         const auto trace = [&]() -> Trace& { return resets_ == reset ? block_.Traces.Edit(number) : dropped; };
         trace() = InitialTraceRecord();
-        return Load_Record<Trace_Fields>([&](const auto& field, RecordState& state) {
-            if (const auto* step = std::get_if<TraceStep>(&field.value); step && *step == TraceStep::SubRecords) {
+        return Load_Fields<Trace_Fields>(trace, [&](TraceStep step, RecordState& state) {
+            if (step == TraceStep::SubRecords) {
                 state.failed |= Load_List() == Failure;
-                return;
+            } else {
+                Load(trace(), number, step, state);
             }
-            Load_Field(file_, trace(), field, Texts(), [&](TraceStep each) { Load(trace(), number, each, state); });
         });
     }
 

@@ -37,11 +37,11 @@ public:
 
     Outcome Save_DataBlockRecord()
     {
-        const FilePosition lengthField = file_.BeginRecord(DataBlockRecord);
-        Save_Fields(file_, block_, block_, DataBlock_Fields,
-                    [this](DataBlockStep step, std::int16_t tag) { Save(step, tag); });
-        file_.PutInt16(ClosingTag); // even behind a failed trace, so that what was written stays readable
-        file_.PatchRecordLength(lengthField);
+        // The record is closed even behind a failed trace, so that what was written stays readable.
+        Save_Record<DataBlock_Fields>(file_, DataBlockRecord, block_, block_,
+                                      [this](DataBlockStep step, std::int16_t tag, ItemWriter& items) {
+                                          items.Directly([&](RecordWriter&) { Save(step, tag); });
+                                      });
         if (file_.Failed()) result_.status = Failure;
         return result_;
     }
@@ -86,11 +86,10 @@ private:
     {
         // A writer's failure under a reader's code, as published.
         if (block_.NumberOfSamples == 0 || block_.DataFormat == 0) return {Failure, InputFile_ReadFail};
-        const FilePosition lengthField = file_.BeginRecord(TraceRecord);
-        Save_Fields(file_, trace, trace, Trace_Fields,
-                    [&](TraceStep step, std::int16_t tag) { Save(trace, step, tag); });
-        file_.PutInt16(ClosingTag);
-        file_.PatchRecordLength(lengthField);
+        Save_Record<Trace_Fields>(file_, TraceRecord, trace, trace,
+                                  [&](TraceStep step, std::int16_t tag, ItemWriter& items) {
+                                      items.Directly([&](RecordWriter&) { Save(trace, step, tag); });
+                                  });
         return {file_.Failed() ? Failure : Success, NoError};
     }
 

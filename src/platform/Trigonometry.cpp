@@ -157,6 +157,12 @@ SineCosine SineAndCosine(double radians)
     }
 }
 
+SineCosine SineAndCosineOfDegrees(double degrees)
+{
+    constexpr double radiansPerDegree = 0.017453292519943278; // 3.14159265358979 / 180
+    return SineAndCosine(degrees * radiansPerDegree);
+}
+
 double ArcTangent(double value)
 {
     const double x = std::fabs(value);

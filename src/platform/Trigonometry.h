@@ -16,6 +16,9 @@ struct SineCosine {
 // Of an angle in radians, finite and below 2^123 (which covers every float in degrees).
 SineCosine SineAndCosine(double radians);
 
+// Of an angle in degrees, with pi = 3.14159265358979: documents depend on that truncated value.
+SineCosine SineAndCosineOfDegrees(double degrees);
+
 // In radians, -pi/2 to pi/2; of any number but NaN.
 double ArcTangent(double value);
 
