@@ -113,7 +113,8 @@ TEST(Load_TraceRecord, ReadsComplexSamples)
 
 TEST(Load_TraceRecord, ReadsTheSecondComplexArrayWhateverTheFormat)
 {
-    const Trace& trace = LoadField(41, Floats({1, 2, 3, 4})).block.Traces[1];
+    const Loaded loaded = LoadField(41, Floats({1, 2, 3, 4}));
+    const Trace& trace = loaded.block.Traces[1];
 
     ASSERT_EQ(trace.SecondComplexSamples.Count(), 2);
     EXPECT_EQ(trace.SecondComplexSamples[2], (ComplexSample{3, 4}));

@@ -299,8 +299,9 @@ TEST(RecordReader, ItemsOfEveryWidthAreReadAcrossTheBuffersEdges)
         file.Skip(static_cast<std::int64_t>(start));
         std::size_t place = start;
         for (; place + 6 <= content.size(); place += 6) {
-            const Bytes read = Int16(file.GetInt16()) + Int32(file.GetInt32());
-            ASSERT_EQ(read, Slice(content, place, 6)) << place;
+            const Bytes narrow = Int16(file.GetInt16());
+            const Bytes wide = Int32(file.GetInt32());
+            ASSERT_EQ(narrow + wide, Slice(content, place, 6)) << place;
         }
         EXPECT_FALSE(file.AtEnd());
         EXPECT_EQ(file.Position(), static_cast<FilePosition>(place + 1));
