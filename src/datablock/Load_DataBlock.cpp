@@ -121,7 +121,6 @@ private:
         block_.DataBlockFromFile = fromFile;
         ++resets_;
         result_.firstX = result_.lastX = 0;
-        traceKind_ = static_cast<std::int16_t>(block_.Kept[TraceKindTag]);
         dataFormat_ = block_.DataFormat;
         numberOfSamples_ = block_.NumberOfSamples;
     }
@@ -142,14 +141,10 @@ private:
             }
             break;
         case DataBlockStep::DataFormat: block_.DataFormat = dataFormat_ = file_.GetInt16(); break;
-        case DataBlockStep::TraceKind:
-            traceKind_ = file_.GetInt16();
-            block_.Kept[TraceKindTag] = static_cast<std::uint16_t>(traceKind_);
-            break;
         case DataBlockStep::XaxisValues: state.failed |= Load_Xaxis() != NoError; break;
         case DataBlockStep::Traces: Load_Traces(state); break;
-        case DataBlockStep::AuxiliaryTrace: Skip_Arrays(1); break;
-        case DataBlockStep::AuxiliaryTraces: Skip_Arrays(file_.GetInt16()); break;
+        case DataBlockStep::AuxiliaryTrace: state.failed |= !Skip_Arrays(1); break;
+        case DataBlockStep::AuxiliaryTraces: state.failed |= !Skip_Arrays(file_.GetInt16()); break;
         }
     }
 
@@ -170,12 +165,8 @@ private:
 
     void Load_Traces(RecordState& state)
     {
-        const std::int16_t blankKind = static_cast<std::int16_t>(DataBlock().Kept[TraceKindTag]);
         state.failed |= Load_List() == Failure;
         // Traces of older files say themselves what their header left out.
-        if (static_cast<std::int16_t>(block_.Kept[TraceKindTag]) == blankKind) {
-            block_.Kept[TraceKindTag] = static_cast<std::uint16_t>(traceKind_);
-        }
         if (block_.DataFormat == RealFormat) block_.DataFormat = dataFormat_;
         if (block_.NumberOfSamples == 0) block_.NumberOfSamples = numberOfSamples_;
     }
@@ -283,11 +274,13 @@ private:
         return NoError;
     }
 
-    // Reads past so many arrays of samples.
-    void Skip_Arrays(std::int64_t arrays)
+    // Reads past so many arrays of samples. False for a negative number of either, which no array can have.
+    bool Skip_Arrays(std::int64_t arrays)
     {
-        const std::int64_t samples = std::max(0, block_.NumberOfSamples);
-        if (arrays > 0) file_.Skip(arrays * samples * static_cast<std::int64_t>(sizeof(ComplexSample)));
+        const std::int64_t samples = block_.NumberOfSamples;
+        if (arrays < 0 || samples < 0) return false;
+        if (arrays * samples > 0) file_.Skip(arrays * samples * static_cast<std::int64_t>(sizeof(ComplexSample)));
+        return true;
     }
 
     RecordReader& file_;
@@ -297,7 +290,6 @@ private:
     LoadResult& result_;
 
     // What the traces go by: taken from the header as it is read, or from older traces.
-    std::int16_t traceKind_ = 0;
     std::int16_t dataFormat_ = RealFormat;
     std::int32_t numberOfSamples_ = 0;
 
@@ -312,16 +304,16 @@ LoadResult LoadDataBlock(ByteSource& source, DataBlock& block, const ArraySelect
 {
     LoadResult result;
     InitializeDataBlockStorage(block);
-    RecordReader file(source);
-    const auto version = FindPreamble(file);
-    if (!version || *version > DataBlock_Version) {
-        result.status = Failure;
-        result.error = InputFile_ReadFail;
-        return result;
-    }
-    result.version = *version;
-    SkipReservedWords(file);
     try {
+        RecordReader file(source);
+        const auto version = FindPreamble(file);
+        if (!version || *version > DataBlock_Version) {
+            result.status = Failure;
+            result.error = InputFile_ReadFail;
+            return result;
+        }
+        result.version = *version;
+        SkipReservedWords(file);
         result.status = DataBlockLoader(file, *version, block, selection, result).Load_Records();
     } catch (const std::bad_alloc&) {
         result.status = Failure;

@@ -5,6 +5,7 @@
 #include "datablock/DataBlockLayout.h"
 
 #include <algorithm>
+#include <new>
 
 namespace qor {
 namespace {
@@ -53,7 +54,6 @@ private:
         case DataBlockStep::LayoutMarker: return PutTagged(tag, 1);
         case DataBlockStep::NumberOfTraces: return PutTagged(tag, block_.NumberOfTraces);
         case DataBlockStep::DataFormat: return PutTagged(tag, block_.DataFormat);
-        case DataBlockStep::TraceKind: return PutTagged(tag, static_cast<std::int16_t>(block_.Kept[TraceKindTag]));
         case DataBlockStep::NumberOfSamples: file_.PutInt16(tag); return file_.PutInt32(block_.NumberOfSamples);
         case DataBlockStep::XaxisValues:
             if (HasUniformXaxis(block_) || block_.NumberOfSamples == 0) return;
@@ -134,12 +134,16 @@ private:
 
 Outcome SaveDataBlock(ByteSink& sink, const DataBlock& block)
 {
-    RecordWriter file(sink);
-    SavePreamble(file, DataBlock_Identification, DataBlock_Version);
-    Outcome result = DataBlockSaver(file, block).Save_DataBlockRecord();
-    file.PutInt16(EndMarker);
-    if (!file.Flush()) result.status = Failure;
-    return result;
+    try {
+        RecordWriter file(sink);
+        SavePreamble(file, DataBlock_Identification, DataBlock_Version);
+        Outcome result = DataBlockSaver(file, block).Save_DataBlockRecord();
+        file.PutInt16(EndMarker);
+        if (!file.Flush()) result.status = Failure;
+        return result;
+    } catch (const std::bad_alloc&) {
+        return {Failure, NoError};
+    }
 }
 
 } // namespace qor

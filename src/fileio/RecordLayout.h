@@ -18,7 +18,7 @@
 namespace qor {
 
 // Values that nobody interprets and every save must give back. A record keeps them in an array by tag, the
-// 16-bit ones in the low half; their defaults stand in the rows.
+// 16-bit ones in the low half; what a new record has stands in the rows, see InitialKeptValues.
 template <std::size_t HighestTag>
 using KeptValues = std::array<std::uint32_t, HighestTag + 1>;
 
@@ -60,7 +60,7 @@ constexpr bool ReadOnly(const Context&)
     return false;
 }
 
-// The highest tag that a row may have: the closing tag and the words of list ends are no fields.
+// The highest tag that any table has.
 inline constexpr std::int16_t HighestFieldTag = 1280;
 
 // How many rows the writer writes; those of older files stand behind them.
@@ -83,6 +83,17 @@ inline constexpr auto RowByTag = [] {
     return rows;
 }();
 
+// How many tags a record can keep values of.
+template <class Record>
+constexpr std::size_t KeptSize()
+{
+    if constexpr (requires(Record record) { record.Kept; }) {
+        return std::tuple_size_v<decltype(Record::Kept)>;
+    } else {
+        return 0;
+    }
+}
+
 // Tags are in range, each has one row, a repeated value repeats a kept 32-bit one, and the record has a place
 // for what its rows keep.
 template <class Record, class Step, class Context, std::size_t Count>
@@ -91,7 +102,7 @@ constexpr bool IsSound(const Field<Record, Step, Context> (&fields)[Count])
     for (std::size_t i = 0; i < Count; ++i) {
         const auto& value = fields[i].value;
         const bool kept = std::holds_alternative<Kept16>(value) || std::holds_alternative<Kept32>(value);
-        if (kept && !requires(Record record) { record.Kept; }) return false;
+        if (kept && static_cast<std::size_t>(fields[i].tag) >= KeptSize<Record>()) return false;
         if (fields[i].tag < 1 || fields[i].tag == ClosingTag || fields[i].tag > HighestFieldTag) return false;
         bool repeatsKept = !std::holds_alternative<KeptAgain>(value);
         for (std::size_t k = 0; k < Count; ++k) {
@@ -237,10 +248,13 @@ RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetR
     // Takes the fields that follow one another in writing order, which is nearly always all of them, without
     // looking a tag up. False when the record's reading has come to its end.
     RecordEnd cutOff = RecordEnd::EndOfFile;
+    // A field that fails still takes the next tag with it, so that what is read behind the record stands where it
+    // always did.
+    const auto stop = [&] { return nextTag() ? RecordEnd::Stopped : RecordEnd::EndOfFile; };
     const auto loadInOrder = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row> each) {
         if (tag != Fields[Row].tag) return true;
         if (!load(each, record())) {
-            cutOff = RecordEnd::Stopped;
+            cutOff = stop();
             return false;
         }
         return nextTag();
@@ -255,7 +269,7 @@ RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetR
         if (tag == ClosingTag) break;
         const int row = tag >= 0 && tag <= HighestFieldTag ? RowByTag<Fields>[static_cast<std::size_t>(tag)] : -1;
         if (row >= 0) {
-            if (!loadRow(row, std::make_index_sequence<std::size(Fields)>())) return RecordEnd::Stopped;
+            if (!loadRow(row, std::make_index_sequence<std::size(Fields)>())) return stop();
         } else if (tag != 0 && skipsUnknown) {
             const bool moved = items.Directly([&](RecordReader& reader) { return reader.JumpTo(end); });
             return moved ? RecordEnd::Closed : RecordEnd::WentBack;
