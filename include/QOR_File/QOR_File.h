@@ -26,7 +26,8 @@
 #include <string_view>
 #include <variant>
 
-// A self-describing value: empty, any numeric type, or text (which is never taken for a number).
+// A self-describing value: empty, any numeric type, or text (which is never taken for a number). A truth value
+// is given as Bool16: a plain bool would become the number 1, where true is -1.
 using NumericVariant = std::variant<std::monostate, std::uint8_t, std::int16_t, std::int32_t, std::int64_t, float,
                                     double, Bool16, std::u16string>;
 
@@ -87,14 +88,16 @@ public:
 
     // Samples of every trace, and length of an explicit X axis. Negative counts as 0. Setting it keeps the
     // samples that fit, new ones are 0. When memory does not suffice the Data Block is emptied and
-    // ErrorStatus is AllocationError; the same holds for the two size setters that follow.
+    // ErrorStatus is AllocationError; otherwise an earlier error of this object is cleared. The same holds for
+    // the setters of the number of traces, the format and the spacing.
     std::int32_t DataBlock_NumberOfSamples() const;
     void DataBlock_NumberOfSamples(std::int32_t value);
     // Number of traces, 0 to 32000; values outside are clamped. Traces that remain keep their samples.
     std::int32_t DataBlock_NumberOfTraces() const;
     void DataBlock_NumberOfTraces(std::int32_t value);
     // Real, real/imaginary, or magnitude/phase (a view of real/imaginary); an undeclared value counts as
-    // real. Changing between real and complex discards the samples.
+    // real. Changing between real and complex discards the samples. The get is DataFormat_Undefined on a
+    // complex block of another object, until this one has set or loaded a format.
     DataBlock_DataFormatTypes DataBlock_TraceDataFormat();
     void DataBlock_TraceDataFormat(DataBlock_DataFormatTypes value);
 
@@ -113,13 +116,14 @@ public:
     // One sample. Real format: value and 0. Real/imaginary: both parts. Magnitude/phase: magnitude, and phase
     // in degrees, 0 to 360. Errors: TraceDataNotAllocated, TraceIndexError, SampleIndexError; the values then
     // stay as passed. Sample number 0 passes the check and leaves the values (real format: sets the
-    // imaginary value to 0).
+    // imaginary value to 0). Failure without a code where a file brought a format that is none of the declared.
     ReturnStatus ReadTraceSampleValue(const std::int32_t& TraceNumber, const std::int32_t& SampleNumber,
                                       float& RealValue, float& ImaginaryValue);
     // Stores one sample in the same form. Sample number 0 stores nothing and succeeds.
     ReturnStatus WriteTraceSampleValue(const std::int32_t& TraceNumber, const std::int32_t& SampleNumber,
                                        const float& RealValue, const float& ImaginaryValue);
-    // One explicit X value. Fails with XaxisNotAllocated for uniform spacing, where X is
+    // One explicit X value. Fails with XaxisNotAllocated without samples, for an object that has neither sized
+    // nor loaded the block, and for uniform spacing, where X is
     // DataBlock_XaxisStart + (SampleNumber - 1) * DataBlock_XaxisIncrement; else SampleIndexError.
     ReturnStatus ReadDataBlockXaxisValue(const std::int32_t& SampleNumber, float& XaxisValue);
     ReturnStatus WriteDataBlockXaxisValue(const std::int32_t& SampleNumber, const float& XaxisValue);
@@ -130,7 +134,8 @@ public:
     float GetRealValueFrom(const float& MagnitudeValue, const float& PhaseValue) const;
     // magnitude * sin(phase), as above.
     float GetImaginaryValueFrom(const float& MagnitudeValue, const float& PhaseValue) const;
-    // Phase in degrees, -180 to 180, or 0 to 360 with DisplayAs360; 0 where a value is not numeric.
+    // Phase in degrees, -180 to 180, or 0 to 360 with DisplayAs360; 0 where a value is a text or not finite, and
+    // where the quotient of the two overflows. Empty counts as 0.
     float GetPhaseValueFrom(const NumericVariant& RealValue, const NumericVariant& ImaginaryValue,
                             const Bool16& DisplayAs360) const;
 

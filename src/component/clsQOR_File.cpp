@@ -9,6 +9,7 @@
 
 #include <QOR_File/QOR_File.h>
 
+#include <new>
 #include <utility>
 
 using namespace qor;
@@ -48,8 +49,13 @@ void clsQOR_File::ErrorStatus(ErrorStatusTypes value)
 {
     state_->OwnErrorStatus = value;
     if (value == NoError) return;
-    state_->LastErrorText = u"Error (" + Decimal(value) + u"): ";
-    state_->LastErrorText += TextOfError(value);
+    try {
+        std::u16string text = u"Error (" + Decimal(value) + u"): ";
+        text += TextOfError(value);
+        state_->LastErrorText = std::move(text);
+    } catch (const std::bad_alloc&) {
+        return; // the code stands, the text stays that of an earlier error
+    }
     platform::PostError(PostedErrorNumber, PostedErrorSource, state_->LastErrorText);
 }
 

@@ -118,7 +118,14 @@ void TraceList::Resize(std::int32_t count)
 
 DataBlock::DataBlock() : Kept(InitialKept) {}
 
-void InitializeDataBlockStorage(DataBlock& block) { block = DataBlock(); }
+void InitializeDataBlockStorage(DataBlock& block)
+{
+    // First what is large, so that there is memory again where it has just run out.
+    block.Traces = TraceList();
+    block.Xaxis.Release();
+    block.Memory = SampleMemory();
+    block = DataBlock();
+}
 
 ErrorStatusTypes ReallocateDataBlock(DataBlock& block)
 {

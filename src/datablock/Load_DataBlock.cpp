@@ -303,8 +303,8 @@ private:
 LoadResult LoadDataBlock(ByteSource& source, DataBlock& block, const ArraySelection& selection)
 {
     LoadResult result;
-    InitializeDataBlockStorage(block);
     try {
+        InitializeDataBlockStorage(block);
         RecordReader file(source);
         const auto version = FindPreamble(file);
         if (!version || *version > DataBlock_Version) {

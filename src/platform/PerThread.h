@@ -23,6 +23,7 @@ public:
     FiberLocalSlot& operator=(const FiberLocalSlot&) = delete;
 
     void* Get() const;
+    // Throws std::bad_alloc when the system has no slot for it.
     void Set(void* value) const;
 
 private:

@@ -5,6 +5,7 @@
 #include "platform/Unicode.h"
 #include "platform/posix/SystemPath.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <string>

@@ -5,6 +5,7 @@
 #include "platform/PerThread.h"
 
 #include <exception>
+#include <new>
 #include <oaidl.h>
 #include <oleauto.h>
 #include <windows.h>
@@ -14,7 +15,10 @@ namespace qor::platform {
 FiberLocalSlot::FiberLocalSlot(void(__stdcall* destroy)(void*)) : index_(FlsAlloc(destroy)) {}
 FiberLocalSlot::~FiberLocalSlot() { FlsFree(index_); }
 void* FiberLocalSlot::Get() const { return FlsGetValue(index_); }
-void FiberLocalSlot::Set(void* value) const { FlsSetValue(index_, value); }
+void FiberLocalSlot::Set(void* value) const
+{
+    if (index_ == FLS_OUT_OF_INDEXES || !FlsSetValue(index_, value)) throw std::bad_alloc();
+}
 
 void PostError(std::uint32_t, std::u16string_view source, std::u16string_view description) noexcept
 {
