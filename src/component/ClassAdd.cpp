@@ -2,10 +2,13 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // The added classes. A failed check is left as the thread's shared error status, without a text.
+#include "component/StructureElements.h"
 #include "component/modQOR_File.h"
 #include "datablock/SampleAccess.h"
 
 #include <QOR_File/QOR_File.h>
+
+#include <algorithm>
 
 using namespace qor;
 
@@ -14,6 +17,12 @@ namespace {
 void Share(ErrorStatusTypes error)
 {
     if (error != NoError) modQOR_File().SharedErrorStatus = error;
+}
+
+oReturnStatus Shared(ErrorStatusTypes error)
+{
+    Share(error);
+    return error == NoError ? oReturnStatus::Success : oReturnStatus::Failure;
 }
 
 template <class T>
@@ -53,6 +62,38 @@ void ClassAdd_3::TraceZaxisLabel(std::int32_t TraceNumber, std::u16string_view v
 std::u16string ClassAdd_3::TraceZaxisLabel(std::int32_t TraceNumber) const
 {
     return Get(TraceNumber, &Trace::ZaxisLabel);
+}
+
+std::int32_t ClassAdd_4::StructureNumberOfQuadSurfaces() const { return modQOR_File().Structure.NumberOfQuadSurfaces; }
+void ClassAdd_4::StructureNumberOfQuadSurfaces(std::int32_t value)
+{
+    modQOR_File().Structure.NumberOfQuadSurfaces = std::max(value, 0);
+    AllocateSharedStructure();
+}
+
+oReturnStatus ClassAdd_4::ReadStructureQuadSurface(const std::int32_t& QuadSurfaceNumber,
+                                                   std::int32_t& CornerVertex1Point, std::int32_t& CornerVertex2Point,
+                                                   std::int32_t& CornerVertex3Point, std::int32_t& CornerVertex4Point,
+                                                   std::int32_t& QuadSurfaceColor, Bool16& QuadSurfaceBold)
+{
+    modQOR_File().SharedErrorStatus = NoError;
+    return Shared(FetchElement(modQOR_File().Structure.QuadSurfaces, QuadSurfaceNumber,
+                               {&CornerVertex1Point, &CornerVertex2Point, &CornerVertex3Point, &CornerVertex4Point},
+                               QuadSurfaceColor, QuadSurfaceBold, QuadSurfacesNotAllocated, QuadSurfaceIndexError));
+}
+
+oReturnStatus ClassAdd_4::WriteStructureQuadSurface(const std::int32_t& QuadSurfaceNumber,
+                                                    const std::int32_t& CornerVertex1Point,
+                                                    const std::int32_t& CornerVertex2Point,
+                                                    const std::int32_t& CornerVertex3Point,
+                                                    const std::int32_t& CornerVertex4Point,
+                                                    const std::int32_t& QuadSurfaceColor, const Bool16& QuadSurfaceBold)
+{
+    Structure& structure = modQOR_File().Structure;
+    modQOR_File().SharedErrorStatus = NoError;
+    return Shared(StoreElement(structure.QuadSurfaces, structure.NumberOfQuadSurfaces, QuadSurfaceNumber,
+                               {CornerVertex1Point, CornerVertex2Point, CornerVertex3Point, CornerVertex4Point},
+                               QuadSurfaceColor, QuadSurfaceBold, QuadSurfacesNotAllocated, QuadSurfaceIndexError));
 }
 
 XaxisUnitsAre ClassAdd_5::XaxisUnits() const

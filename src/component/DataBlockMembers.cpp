@@ -2,6 +2,7 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // The Data Block members of clsQOR_File: look the thread's document up, call its module, report.
+#include "component/ObjectState.h"
 #include "component/modQOR_File.h"
 #include "datablock/Conversion.h"
 #include "datablock/Load_DataBlock.h"
@@ -44,20 +45,14 @@ void SetText(clsQOR_File& object, std::int32_t traceNumber, std::u16string Trace
 
 } // namespace
 
-ReturnStatus clsQOR_File::Report(ReturnStatus status, ErrorStatusTypes error)
-{
-    if (error != NoError) ErrorStatus(error);
-    return status;
-}
-
-// ---- storage ---------------------------------------------------------------------------------------------
+// ---- storage --------------------------------------------------------------------------------------------
 
 void clsQOR_File::InitializeDataBlockStorage()
 {
     InitializeDataBlockData();
     qor::InitializeDataBlockStorage(Block());
-    TraceDataAllocated = false;
-    XaxisAllocated = false;
+    state_->TraceDataAllocated = false;
+    state_->XaxisAllocated = false;
 }
 
 // The defaults are constants of the record types, so that there is never anything to restore.
@@ -66,15 +61,15 @@ void clsQOR_File::InitializeDataBlockData() {}
 void clsQOR_File::UpdateAllocationFlags()
 {
     const DataBlock& block = Block();
-    TraceDataAllocated = block.NumberOfSamples > 0 || block.NumberOfTraces > 0; // either suffices, on purpose
-    XaxisAllocated = block.XaxisSpacing != UniformSpacing && block.NumberOfSamples > 0;
+    state_->TraceDataAllocated = block.NumberOfSamples > 0 || block.NumberOfTraces > 0; // either suffices, on purpose
+    state_->XaxisAllocated = block.XaxisSpacing != UniformSpacing && block.NumberOfSamples > 0;
 }
 
 void clsQOR_File::ReallocateDataBlock()
 {
     // The code is set without text and post: a size setter reports nothing.
-    OwnErrorStatus = qor::ReallocateDataBlock(Block());
-    modQOR_File().LastAllocationResult = OwnErrorStatus == NoError ? Success : Failure;
+    state_->OwnErrorStatus = qor::ReallocateDataBlock(Block());
+    modQOR_File().LastAllocationResult = state_->OwnErrorStatus == NoError ? Success : Failure;
     UpdateAllocationFlags();
 }
 
@@ -104,17 +99,17 @@ void clsQOR_File::DataBlock_NumberOfTraces(std::int32_t value)
 DataBlock_DataFormatTypes clsQOR_File::DataBlock_TraceDataFormat()
 {
     if (Block().DataFormat == RealFormat) {
-        PublicDataFormat = DataFormat_Real;
-    } else if (PublicDataFormat == DataFormat_Real) {
-        PublicDataFormat = DataFormat_RealImaginary;
+        state_->PublicDataFormat = DataFormat_Real;
+    } else if (state_->PublicDataFormat == DataFormat_Real) {
+        state_->PublicDataFormat = DataFormat_RealImaginary;
     }
-    return PublicDataFormat;
+    return state_->PublicDataFormat;
 }
 void clsQOR_File::DataBlock_TraceDataFormat(DataBlock_DataFormatTypes value)
 {
     const bool declared = value >= DataFormat_Real && value <= DataFormat_MgnitudePhase;
-    PublicDataFormat = declared ? value : DataFormat_Real;
-    Block().DataFormat = PublicDataFormat == DataFormat_Real ? RealFormat : ComplexFormat;
+    state_->PublicDataFormat = declared ? value : DataFormat_Real;
+    Block().DataFormat = state_->PublicDataFormat == DataFormat_Real ? RealFormat : ComplexFormat;
     ReallocateDataBlock();
 }
 
@@ -138,33 +133,33 @@ void clsQOR_File::DataBlock_XaxisIncrement(float value)
     Block().XaxisIncrement = value > 0 ? value : 1; // NaN too becomes 1
 }
 
-// ---- samples ---------------------------------------------------------------------------------------------
+// ---- samples --------------------------------------------------------------------------------------------
 
 ReturnStatus clsQOR_File::ReadTraceSampleValue(const std::int32_t& TraceNumber, const std::int32_t& SampleNumber,
                                                float& RealValue, float& ImaginaryValue)
 {
-    const auto [status, error] =
-        ReadTraceSample(Block(), ViewOf(PublicDataFormat), TraceNumber, SampleNumber, RealValue, ImaginaryValue);
+    const auto [status, error] = ReadTraceSample(Block(), ViewOf(state_->PublicDataFormat), TraceNumber, SampleNumber,
+                                                 RealValue, ImaginaryValue);
     return Report(status, error);
 }
 
 ReturnStatus clsQOR_File::WriteTraceSampleValue(const std::int32_t& TraceNumber, const std::int32_t& SampleNumber,
                                                 const float& RealValue, const float& ImaginaryValue)
 {
-    const auto [status, error] =
-        WriteTraceSample(Block(), ViewOf(PublicDataFormat), TraceNumber, SampleNumber, RealValue, ImaginaryValue);
+    const auto [status, error] = WriteTraceSample(Block(), ViewOf(state_->PublicDataFormat), TraceNumber, SampleNumber,
+                                                  RealValue, ImaginaryValue);
     return Report(status, error);
 }
 
 ReturnStatus clsQOR_File::ReadDataBlockXaxisValue(const std::int32_t& SampleNumber, float& XaxisValue)
 {
-    const auto [status, error] = ReadXaxis(Block(), XaxisAllocated, SampleNumber, XaxisValue);
+    const auto [status, error] = ReadXaxis(Block(), state_->XaxisAllocated, SampleNumber, XaxisValue);
     return Report(status, error);
 }
 
 ReturnStatus clsQOR_File::WriteDataBlockXaxisValue(const std::int32_t& SampleNumber, const float& XaxisValue)
 {
-    const auto [status, error] = WriteXaxis(Block(), XaxisAllocated, SampleNumber, XaxisValue);
+    const auto [status, error] = WriteXaxis(Block(), state_->XaxisAllocated, SampleNumber, XaxisValue);
     return Report(status, error);
 }
 
@@ -189,7 +184,7 @@ float clsQOR_File::GetPhaseValueFrom(const NumericVariant& RealValue, const Nume
     return PhaseOf(RealValue, ImaginaryValue, DisplayAs360);
 }
 
-// ---- trace properties ------------------------------------------------------------------------------------
+// ---- trace properties -----------------------------------------------------------------------------------
 
 std::u16string clsQOR_File::Trace_Label(std::int32_t TraceNumber) { return Get(*this, TraceNumber, &Trace::Label); }
 void clsQOR_File::Trace_Label(std::int32_t TraceNumber, std::u16string_view value)
@@ -242,11 +237,12 @@ void clsQOR_File::Trace_DataSVT(std::int32_t TraceNumber, SVTvalues value)
     Report(Success, SetTraceField(Block(), TraceNumber, &Trace::DataSVT, KnownDataSVT(value)));
 }
 
-// ---- files -----------------------------------------------------------------------------------------------
+// ---- files ----------------------------------------------------------------------------------------------
 
 ReturnStatus clsQOR_File::OutputDataBlockFile(std::u16string_view DataBlock_FilePathName)
 {
     const platform::BusyPointer busy;
+    state_->RefusedFile.reset();
     auto file = platform::File::Replace(DataBlock_FilePathName);
     if (!file) return Failure;
     DataBlock& block = Block();
@@ -261,12 +257,13 @@ ReturnStatus clsQOR_File::InputDataBlockFile(std::u16string_view FilePathName)
     // An empty path means the file that is open already; between calls there is none, so nothing happens.
     if (FilePathName.empty()) return Success;
     InitializeDataBlockStorage();
+    state_->RefusedFile.reset();
     auto file = platform::File::OpenForReading(Trimmed(FilePathName));
     if (!file) return Failure;
     DataBlock& block = Block();
     const LoadResult result = LoadDataBlock(*file, block);
     if (result.status == Success) {
-        PublicDataFormat = block.DataFormat == RealFormat ? DataFormat_Real : DataFormat_RealImaginary;
+        state_->PublicDataFormat = block.DataFormat == RealFormat ? DataFormat_Real : DataFormat_RealImaginary;
         UpdateAllocationFlags();
     }
     return Report(result.status, result.error);

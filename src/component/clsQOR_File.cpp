@@ -3,11 +3,13 @@
 //
 // The component's frame: lifecycle, error status, version.
 #include "component/ErrorTexts.h"
+#include "component/ObjectState.h"
 #include "component/modQOR_File.h"
 #include "platform/Desktop.h"
 
 #include <QOR_File/QOR_File.h>
 
+#include <new>
 #include <utility>
 
 using namespace qor;
@@ -29,26 +31,47 @@ std::u16string Decimal(std::int32_t value)
 
 } // namespace
 
-clsQOR_File::clsQOR_File() { Initialize(); }
+RuntimeFault::RuntimeFault(int number)
+    : std::runtime_error(number == Overflow ? "Overflow" : "Subscript out of range"), number_(number)
+{}
+
+clsQOR_File::clsQOR_File() : state_(std::make_unique<State>()) { Initialize(); }
+clsQOR_File::~clsQOR_File() = default;
 
 ErrorStatusTypes clsQOR_File::ErrorStatus()
 {
     // The shared status is not cleared, on purpose: it is reported until an added class writes it again.
-    if (OwnErrorStatus == NoError) OwnErrorStatus = modQOR_File().SharedErrorStatus;
-    return std::exchange(OwnErrorStatus, NoError);
+    if (state_->OwnErrorStatus == NoError) state_->OwnErrorStatus = modQOR_File().SharedErrorStatus;
+    return std::exchange(state_->OwnErrorStatus, NoError);
 }
 
 void clsQOR_File::ErrorStatus(ErrorStatusTypes value)
 {
-    OwnErrorStatus = value;
+    state_->OwnErrorStatus = value;
     if (value == NoError) return;
-    LastErrorText = u"Error (" + Decimal(value) + u"): ";
-    LastErrorText += TextOfError(value);
-    platform::PostError(PostedErrorNumber, PostedErrorSource, LastErrorText);
+    try {
+        std::u16string text = u"Error (" + Decimal(value) + u"): ";
+        text += TextOfError(value);
+        state_->LastErrorText = std::move(text);
+    } catch (const std::bad_alloc&) {
+        return; // the code stands, the text stays that of an earlier error
+    }
+    platform::PostError(PostedErrorNumber, PostedErrorSource, state_->LastErrorText);
 }
 
-std::u16string clsQOR_File::GetLastErrorString() const { return LastErrorText; }
+std::u16string clsQOR_File::GetLastErrorString() const { return state_->LastErrorText; }
 
-void clsQOR_File::Initialize() { InitializeDataBlockStorage(); }
+ReturnStatus clsQOR_File::Report(ReturnStatus status, ErrorStatusTypes error)
+{
+    if (error != NoError) ErrorStatus(error);
+    return status;
+}
+
+void clsQOR_File::Initialize()
+{
+    InitializeDataBlockStorage();
+    InitializeShapeTableStorage();
+    InitializeStructureStorage();
+}
 
 float clsQOR_File::DLLversion() const { return MajorVersion + MinorVersion / 100.0F; }

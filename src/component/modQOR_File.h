@@ -6,6 +6,8 @@
 #pragma once
 
 #include "datablock/DataBlock.h"
+#include "shapetable/ShapeTable.h"
+#include "structure/Structure.h"
 
 namespace qor {
 
@@ -16,6 +18,8 @@ struct ThreadDocuments {
     ThreadDocuments& operator=(const ThreadDocuments&) = delete;
 
     qor::DataBlock DataBlock;
+    qor::ShapeTable ShapeTable;
+    qor::Structure Structure;
     // Left by objects that have no error path of their own; see clsQOR_File::ErrorStatus.
     ErrorStatusTypes SharedErrorStatus = NoError;
     // Result of the last allocation by a size setter; kept for debugging, no member reads it.

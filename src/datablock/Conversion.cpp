@@ -12,8 +12,7 @@
 namespace qor {
 namespace {
 
-constexpr double RadiansPerDegree = 0.017453292519943278; // 3.14159265358979 / 180
-constexpr double DegreesPerRadian = 57.29577951308238;    // 180 / 3.14159265358979
+constexpr double DegreesPerRadian = 57.29577951308238; // 180 / 3.14159265358979
 
 // What stands for a magnitude that no float can hold.
 constexpr float ImpossibleMagnitude = 1.0E+34F;
@@ -85,7 +84,7 @@ float MagnitudeOf(float real, float imaginary)
 ComplexSample FromMagnitudePhase(float magnitude, float phase)
 {
     if (!std::isfinite(magnitude) || !std::isfinite(phase)) return {};
-    const platform::SineCosine angle = platform::SineAndCosine(double{phase} * RadiansPerDegree);
+    const platform::SineCosine angle = platform::SineAndCosineOfDegrees(phase);
     return {static_cast<float>(magnitude * angle.cosine), static_cast<float>(magnitude * angle.sine)};
 }
 

@@ -83,29 +83,49 @@ Trace InitialTraceRecord()
 
 const Trace& TraceList::operator[](std::int32_t index) const
 {
-    static const Trace blank;
     const auto place = static_cast<std::size_t>(index - 1);
-    return place < made_.size() ? made_[place] : blank;
+    const Page* const page = pages_[place / PageSize].get();
+    const Trace* const trace = page ? (*page)[place % PageSize].get() : nullptr;
+    if (trace) return *trace;
+    static const Trace blank;
+    return blank;
 }
 
 Trace& TraceList::Edit(std::int32_t index)
 {
     const auto place = static_cast<std::size_t>(index - 1);
-    // Room for all of them at once, as memory that is only reserved costs little and moving traces much.
-    if (place >= made_.capacity()) made_.reserve(std::max(static_cast<std::size_t>(count_), 2 * made_.capacity()));
-    if (place >= made_.size()) made_.resize(place + 1);
-    return made_[place];
+    std::unique_ptr<Page>& page = pages_[place / PageSize];
+    if (!page) page = std::make_unique<Page>();
+    std::unique_ptr<Trace>& trace = (*page)[place % PageSize];
+    if (!trace) trace = std::make_unique<Trace>();
+    return *trace;
 }
 
 void TraceList::Resize(std::int32_t count)
 {
-    if (made_.size() > static_cast<std::size_t>(count)) made_.resize(static_cast<std::size_t>(count));
+    const auto kept = static_cast<std::size_t>(count);
+    for (std::size_t first = 0; first < pages_.size() * PageSize; first += PageSize) {
+        std::unique_ptr<Page>& page = pages_[first / PageSize];
+        if (first >= kept) {
+            page.reset();
+        } else if (page && first + PageSize > kept) {
+            std::for_each(page->begin() + static_cast<std::ptrdiff_t>(kept - first), page->end(),
+                          [](std::unique_ptr<Trace>& trace) { trace.reset(); });
+        }
+    }
     count_ = count;
 }
 
 DataBlock::DataBlock() : Kept(InitialKept) {}
 
-void InitializeDataBlockStorage(DataBlock& block) { block = DataBlock(); }
+void InitializeDataBlockStorage(DataBlock& block)
+{
+    // First what is large, so that there is memory again where it has just run out.
+    block.Traces = TraceList();
+    block.Xaxis.Release();
+    block.Memory = SampleMemory();
+    block = DataBlock();
+}
 
 ErrorStatusTypes ReallocateDataBlock(DataBlock& block)
 {

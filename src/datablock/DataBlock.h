@@ -10,6 +10,7 @@
 
 #include <QOR_File/Enumerations.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -59,11 +60,15 @@ public:
     bool Has(std::int32_t index) const { return index >= 1 && index <= count_; }
     const Trace& operator[](std::int32_t index) const;
     Trace& Edit(std::int32_t index);
-    // Keeps the traces that fit. The count is at least 0.
+    // Keeps the traces that fit. The count is at least 0 and at most 32767.
     void Resize(std::int32_t count);
 
 private:
-    std::vector<Trace> made_;
+    // In pages, so that making, finding and dropping any one trace costs the same, whichever others are there.
+    static constexpr std::size_t PageSize = 256;
+    using Page = std::array<std::unique_ptr<Trace>, PageSize>;
+
+    std::array<std::unique_ptr<Page>, 32768 / PageSize> pages_;
     std::int32_t count_ = 0;
 };
 

@@ -31,7 +31,6 @@ enum class DataBlockStep {
     NumberOfTraces,
     NumberOfSamples,
     DataFormat,
-    TraceKind,
     LayoutMarker,
     XaxisValues,
     Traces,
@@ -39,8 +38,7 @@ enum class DataBlockStep {
     AuxiliaryTraces,
 };
 
-// The kept values that loader and writer of the traces are told, and that are written twice.
-inline constexpr std::int16_t TraceKindTag = 19;
+// The kept values that are written twice.
 inline constexpr std::int16_t KeptATag = 67;
 inline constexpr std::int16_t KeptBTag = 68;
 
@@ -63,7 +61,7 @@ inline constexpr Field<DataBlock, DataBlockStep> DataBlock_Fields[] = {
     {3, DataBlockStep::NumberOfTraces},
     {4, DataBlockStep::NumberOfSamples},
     {20, DataBlockStep::DataFormat},
-    {TraceKindTag, DataBlockStep::TraceKind},
+    {19, Kept16{}},
     {6, &DataBlock::XaxisSpacing},
     {7, &DataBlock::XaxisStart, HasUniformXaxis},
     {8, &DataBlock::XaxisIncrement, HasUniformXaxis},
@@ -222,5 +220,6 @@ inline constexpr Field<Trace, TraceStep> Trace_Fields[] = {
     {21, Kept32{}, ReadOnly},
 };
 static_assert(IsSound(Trace_Fields));
+static_assert(InitialKeptValues<45>(Trace_Fields) == KeptValues<45>{}); // a new trace keeps zeros
 
 } // namespace qor

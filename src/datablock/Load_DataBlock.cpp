@@ -91,27 +91,26 @@ private:
         if (!file_.SkipRecord()) EndReading();
     }
 
-    // The fields of a record. Each is read by loadField(field, state).
-    template <const auto& Fields, class LoadField>
-    ReturnStatus Load_Record(LoadField loadField)
+    // The fields of a record, into what record() returns. A step is read by loadStep(step, state).
+    template <const auto& Fields, class GetRecord, class LoadStep>
+    ReturnStatus Load_Fields(GetRecord record, LoadStep loadStep)
     {
         RecordState state;
-        const RecordEnd end = Load_RecordFields<Fields>(file_, SkipsUnknown(), [&](const auto& field) {
-            loadField(field, state);
-            return !ended_ && !state.failed;
-        });
+        const RecordEnd end =
+            Load_Record<Fields>(file_, SkipsUnknown(), Texts(), record, [&](auto step, ItemReader& items) {
+                items.Directly([&](RecordReader&) { loadStep(step, state); });
+                return !ended_ && !state.failed;
+            });
         if (end == RecordEnd::WentBack) EndReading();
         if (end == RecordEnd::EndOfFile) result_.error = InputFile_ReadFail;
-        const bool read = end == RecordEnd::Closed && !state.failed && !state.fault;
-        return read ? Success : Failure;
+        return end == RecordEnd::Closed && !state.fault ? Success : Failure;
     }
 
     ReturnStatus Load_DataBlockRecord()
     {
         ResetDataBlock();
-        return Load_Record<DataBlock_Fields>([this](const auto& field, RecordState& state) {
-            Load_Field(file_, block_, field, Texts(), [&](DataBlockStep step) { Load(step, state); });
-        });
+        return Load_Fields<DataBlock_Fields>([this]() -> DataBlock& { return block_; },
+                                             [this](DataBlockStep step, RecordState& state) { Load(step, state); });
     }
 
     // A record may stand inside a list of another one of its kind; traces that are being read are then gone.
@@ -122,7 +121,6 @@ private:
         block_.DataBlockFromFile = fromFile;
         ++resets_;
         result_.firstX = result_.lastX = 0;
-        traceKind_ = static_cast<std::int16_t>(block_.Kept[TraceKindTag]);
         dataFormat_ = block_.DataFormat;
         numberOfSamples_ = block_.NumberOfSamples;
     }
@@ -143,14 +141,10 @@ private:
             }
             break;
         case DataBlockStep::DataFormat: block_.DataFormat = dataFormat_ = file_.GetInt16(); break;
-        case DataBlockStep::TraceKind:
-            traceKind_ = file_.GetInt16();
-            block_.Kept[TraceKindTag] = static_cast<std::uint16_t>(traceKind_);
-            break;
         case DataBlockStep::XaxisValues: state.failed |= Load_Xaxis() != NoError; break;
         case DataBlockStep::Traces: Load_Traces(state); break;
-        case DataBlockStep::AuxiliaryTrace: Skip_Arrays(1); break;
-        case DataBlockStep::AuxiliaryTraces: Skip_Arrays(file_.GetInt16()); break;
+        case DataBlockStep::AuxiliaryTrace: state.failed |= !Skip_Arrays(1); break;
+        case DataBlockStep::AuxiliaryTraces: state.failed |= !Skip_Arrays(file_.GetInt16()); break;
         }
     }
 
@@ -171,12 +165,8 @@ private:
 
     void Load_Traces(RecordState& state)
     {
-        const std::int16_t blankKind = static_cast<std::int16_t>(DataBlock().Kept[TraceKindTag]);
         state.failed |= Load_List() == Failure;
         // Traces of older files say themselves what their header left out.
-        if (static_cast<std::int16_t>(block_.Kept[TraceKindTag]) == blankKind) {
-            block_.Kept[TraceKindTag] = static_cast<std::uint16_t>(traceKind_);
-        }
         if (block_.DataFormat == RealFormat) block_.DataFormat = dataFormat_;
         if (block_.NumberOfSamples == 0) block_.NumberOfSamples = numberOfSamples_;
     }
@@ -200,12 +190,12 @@ private:
         // Looked up anew for every field: a list inside the record may move the traces, or do away with them.
         const auto trace = [&]() -> Trace& { return resets_ == reset ? block_.Traces.Edit(number) : dropped; };
         trace() = InitialTraceRecord();
-        return Load_Record<Trace_Fields>([&](const auto& field, RecordState& state) {
-            if (const auto* step = std::get_if<TraceStep>(&field.value); step && *step == TraceStep::SubRecords) {
+        return Load_Fields<Trace_Fields>(trace, [&](TraceStep step, RecordState& state) {
+            if (step == TraceStep::SubRecords) {
                 state.failed |= Load_List() == Failure;
-                return;
+            } else {
+                Load(trace(), number, step, state);
             }
-            Load_Field(file_, trace(), field, Texts(), [&](TraceStep each) { Load(trace(), number, each, state); });
         });
     }
 
@@ -284,11 +274,13 @@ private:
         return NoError;
     }
 
-    // Reads past so many arrays of samples.
-    void Skip_Arrays(std::int64_t arrays)
+    // Reads past so many arrays of samples. False for a negative number of either, which no array can have.
+    bool Skip_Arrays(std::int64_t arrays)
     {
-        const std::int64_t samples = std::max(0, block_.NumberOfSamples);
-        if (arrays > 0) file_.Skip(arrays * samples * static_cast<std::int64_t>(sizeof(ComplexSample)));
+        const std::int64_t samples = block_.NumberOfSamples;
+        if (arrays < 0 || samples < 0) return false;
+        if (arrays * samples > 0) file_.Skip(arrays * samples * static_cast<std::int64_t>(sizeof(ComplexSample)));
+        return true;
     }
 
     RecordReader& file_;
@@ -298,7 +290,6 @@ private:
     LoadResult& result_;
 
     // What the traces go by: taken from the header as it is read, or from older traces.
-    std::int16_t traceKind_ = 0;
     std::int16_t dataFormat_ = RealFormat;
     std::int32_t numberOfSamples_ = 0;
 
@@ -312,17 +303,17 @@ private:
 LoadResult LoadDataBlock(ByteSource& source, DataBlock& block, const ArraySelection& selection)
 {
     LoadResult result;
-    InitializeDataBlockStorage(block);
-    RecordReader file(source);
-    const auto version = FindPreamble(file);
-    if (!version || *version > DataBlock_Version) {
-        result.status = Failure;
-        result.error = InputFile_ReadFail;
-        return result;
-    }
-    result.version = *version;
-    SkipReservedWords(file);
     try {
+        InitializeDataBlockStorage(block);
+        RecordReader file(source);
+        const auto version = FindPreamble(file);
+        if (!version || *version > DataBlock_Version) {
+            result.status = Failure;
+            result.error = InputFile_ReadFail;
+            return result;
+        }
+        result.version = *version;
+        SkipReservedWords(file);
         result.status = DataBlockLoader(file, *version, block, selection, result).Load_Records();
     } catch (const std::bad_alloc&) {
         result.status = Failure;

@@ -2,8 +2,8 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // Reads a Data Block file, as a whole, its headers only, or with the samples of chosen traces. Whatever the
-// bytes, reading ends, in time linear in the file's size, and holds no more memory than the file has bytes,
-// and some for the traces that it counts.
+// bytes, reading ends, in time linear in the file's size, and takes memory for the arrays and records that the
+// file holds, never for those that it only claims.
 #pragma once
 
 #include "datablock/DataBlock.h"

@@ -31,7 +31,7 @@ static_assert(std::endian::native == std::endian::little);
 inline constexpr std::int64_t LargestArray = 2147483647;
 
 // Hands out zeroed memory for arrays. Small arrays share blocks, so that thousands of short traces cost few
-// system calls and lie in huge pages; a block goes when the last of its arrays does.
+// system calls and lie in huge pages; a block goes with the last of its arrays, the newest one with the SampleMemory.
 class SampleMemory
 {
 public:

@@ -5,6 +5,7 @@
 #include "datablock/DataBlockLayout.h"
 
 #include <algorithm>
+#include <new>
 
 namespace qor {
 namespace {
@@ -37,11 +38,11 @@ public:
 
     Outcome Save_DataBlockRecord()
     {
-        const FilePosition lengthField = file_.BeginRecord(DataBlockRecord);
-        Save_Fields(file_, block_, block_, DataBlock_Fields,
-                    [this](DataBlockStep step, std::int16_t tag) { Save(step, tag); });
-        file_.PutInt16(ClosingTag); // even behind a failed trace, so that what was written stays readable
-        file_.PatchRecordLength(lengthField);
+        // The record is closed even behind a failed trace, so that what was written stays readable.
+        Save_Record<DataBlock_Fields>(file_, DataBlockRecord, block_, block_,
+                                      [this](DataBlockStep step, std::int16_t tag, ItemWriter& items) {
+                                          items.Directly([&](RecordWriter&) { Save(step, tag); });
+                                      });
         if (file_.Failed()) result_.status = Failure;
         return result_;
     }
@@ -53,7 +54,6 @@ private:
         case DataBlockStep::LayoutMarker: return PutTagged(tag, 1);
         case DataBlockStep::NumberOfTraces: return PutTagged(tag, block_.NumberOfTraces);
         case DataBlockStep::DataFormat: return PutTagged(tag, block_.DataFormat);
-        case DataBlockStep::TraceKind: return PutTagged(tag, static_cast<std::int16_t>(block_.Kept[TraceKindTag]));
         case DataBlockStep::NumberOfSamples: file_.PutInt16(tag); return file_.PutInt32(block_.NumberOfSamples);
         case DataBlockStep::XaxisValues:
             if (HasUniformXaxis(block_) || block_.NumberOfSamples == 0) return;
@@ -86,11 +86,10 @@ private:
     {
         // A writer's failure under a reader's code, as published.
         if (block_.NumberOfSamples == 0 || block_.DataFormat == 0) return {Failure, InputFile_ReadFail};
-        const FilePosition lengthField = file_.BeginRecord(TraceRecord);
-        Save_Fields(file_, trace, trace, Trace_Fields,
-                    [&](TraceStep step, std::int16_t tag) { Save(trace, step, tag); });
-        file_.PutInt16(ClosingTag);
-        file_.PatchRecordLength(lengthField);
+        Save_Record<Trace_Fields>(file_, TraceRecord, trace, trace,
+                                  [&](TraceStep step, std::int16_t tag, ItemWriter& items) {
+                                      items.Directly([&](RecordWriter&) { Save(trace, step, tag); });
+                                  });
         return {file_.Failed() ? Failure : Success, NoError};
     }
 
@@ -135,12 +134,16 @@ private:
 
 Outcome SaveDataBlock(ByteSink& sink, const DataBlock& block)
 {
-    RecordWriter file(sink);
-    SavePreamble(file, DataBlock_Identification, DataBlock_Version);
-    Outcome result = DataBlockSaver(file, block).Save_DataBlockRecord();
-    file.PutInt16(EndMarker);
-    if (!file.Flush()) result.status = Failure;
-    return result;
+    try {
+        RecordWriter file(sink);
+        SavePreamble(file, DataBlock_Identification, DataBlock_Version);
+        Outcome result = DataBlockSaver(file, block).Save_DataBlockRecord();
+        file.PutInt16(EndMarker);
+        if (!file.Flush()) result.status = Failure;
+        return result;
+    } catch (const std::bad_alloc&) {
+        return {Failure, NoError};
+    }
 }
 
 } // namespace qor

@@ -10,13 +10,15 @@
 
 #include <array>
 #include <cstdint>
+#include <iterator>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace qor {
 
 // Values that nobody interprets and every save must give back. A record keeps them in an array by tag, the
-// 16-bit ones in the low half; their defaults stand in the rows.
+// 16-bit ones in the low half; what a new record has stands in the rows, see InitialKeptValues.
 template <std::size_t HighestTag>
 using KeptValues = std::array<std::uint32_t, HighestTag + 1>;
 
@@ -58,8 +60,18 @@ constexpr bool ReadOnly(const Context&)
     return false;
 }
 
-// The highest tag that a row may have: the closing tag and the words of list ends are no fields.
+// The highest tag that any table has.
 inline constexpr std::int16_t HighestFieldTag = 1280;
+
+// How many rows the writer writes; those of older files stand behind them.
+template <const auto& Fields>
+inline constexpr std::size_t WrittenRows = [] {
+    std::size_t rows = 0;
+    for (std::size_t row = 0; row < std::size(Fields); ++row) {
+        if (!std::holds_alternative<Dropped>(Fields[row].value)) rows = row + 1;
+    }
+    return rows;
+}();
 
 // The row of each tag, or -1.
 template <const auto& Fields>
@@ -71,6 +83,17 @@ inline constexpr auto RowByTag = [] {
     return rows;
 }();
 
+// How many tags a record can keep values of.
+template <class Record>
+constexpr std::size_t KeptSize()
+{
+    if constexpr (requires(Record record) { record.Kept; }) {
+        return std::tuple_size_v<decltype(Record::Kept)>;
+    } else {
+        return 0;
+    }
+}
+
 // Tags are in range, each has one row, a repeated value repeats a kept 32-bit one, and the record has a place
 // for what its rows keep.
 template <class Record, class Step, class Context, std::size_t Count>
@@ -79,7 +102,7 @@ constexpr bool IsSound(const Field<Record, Step, Context> (&fields)[Count])
     for (std::size_t i = 0; i < Count; ++i) {
         const auto& value = fields[i].value;
         const bool kept = std::holds_alternative<Kept16>(value) || std::holds_alternative<Kept32>(value);
-        if (kept && !requires(Record record) { record.Kept; }) return false;
+        if (kept && static_cast<std::size_t>(fields[i].tag) >= KeptSize<Record>()) return false;
         if (fields[i].tag < 1 || fields[i].tag == ClosingTag || fields[i].tag > HighestFieldTag) return false;
         bool repeatsKept = !std::holds_alternative<KeptAgain>(value);
         for (std::size_t k = 0; k < Count; ++k) {
@@ -110,14 +133,6 @@ constexpr KeptValues<HighestTag> InitialKeptValues(const Field<Record, Step> (&f
     return kept;
 }
 
-// Makes one callable of several, to visit a row's value with.
-template <class... Visitors>
-struct Overloaded : Visitors... {
-    using Visitors::operator()...;
-};
-template <class... Visitors>
-Overloaded(Visitors...) -> Overloaded<Visitors...>;
-
 // The kept value of a tag; only records that keep values have rows that ask for one.
 template <class Record>
 auto& KeptValue(Record& record, std::int16_t tag)
@@ -125,97 +140,141 @@ auto& KeptValue(Record& record, std::int16_t tag)
     return record.Kept[static_cast<std::size_t>(tag)];
 }
 
-// Writes the fields of a record in row order. A step is written by saveStep(step, tag), its tag included.
-template <class Record, class Step, class Context, std::size_t Count, class SaveStep>
-void Save_Fields(RecordWriter& file, const Record& record, const Context& context,
-                 const Field<Record, Step, Context> (&fields)[Count], SaveStep saveStep)
+// Writes a text field, trimmed, unless nothing is left of it.
+inline void Save_Text(ItemWriter& items, std::int16_t tag, std::u16string_view text)
 {
-    for (const auto& field : fields) {
-        if (!field.writtenWhen(context)) continue;
-        const auto put = [&](auto write) {
-            file.PutInt16(field.tag);
-            write();
-        };
-        std::visit(Overloaded{
-                       [&](std::int16_t Record::*member) { put([&] { file.PutInt16(record.*member); }); },
-                       [&](std::int32_t Record::*member) { put([&] { file.PutInt32(record.*member); }); },
-                       [&](float Record::*member) { put([&] { file.PutFloat(record.*member); }); },
-                       [&](std::u16string Record::*member) {
-                           if (const auto text = Trimmed(record.*member); !text.empty())
-                               put([&] { SaveString(file, text); });
-                       },
-                       [&](Constant16 constant) { put([&] { file.PutInt16(constant.value); }); },
-                       [&](Dropped) {},
-                       [&](Step step) { saveStep(step, field.tag); },
-                       [&](auto kept) {
-                           if constexpr (requires { record.Kept; }) {
-                               put([&] {
-                                   if constexpr (std::is_same_v<decltype(kept), KeptAgain>) {
-                                       file.PutRaw32(KeptValue(record, kept.tag));
-                                   } else if constexpr (std::is_same_v<decltype(kept), Kept32>) {
-                                       file.PutRaw32(KeptValue(record, field.tag));
-                                   } else {
-                                       file.PutInt16(static_cast<std::int16_t>(KeptValue(record, field.tag)));
-                                   }
-                               });
-                           }
-                       },
-                   },
-                   field.value);
-    }
+    const std::u16string_view trimmed = Trimmed(text);
+    if (trimmed.empty()) return;
+    items.PutInt16(tag);
+    items.Directly([&](RecordWriter& file) { SaveString(file, trimmed); });
 }
 
-// Reads the value of one field whose tag has been read. A step is read by loadStep(step).
-template <class Record, class Step, class Context, class LoadStep>
-void Load_Field(RecordReader& file, Record& record, const Field<Record, Step, Context>& field, TextForm form,
-                LoadStep loadStep)
+// Writes a record: type code, length, the fields in row order, closing tag. A step is written by
+// saveStep(step, tag, items), its tag included. Rows are unrolled, so that a record costs little more than the
+// copying of its values.
+template <const auto& Fields, class Record, class Context, class SaveStep>
+void Save_Record(RecordWriter& file, std::int16_t type, const Record& record, const Context& context, SaveStep saveStep)
 {
-    std::visit(Overloaded{
-                   [&](std::int16_t Record::*member) { record.*member = file.GetInt16(); },
-                   [&](std::int32_t Record::*member) { record.*member = file.GetInt32(); },
-                   [&](float Record::*member) { record.*member = file.GetFloat(); },
-                   [&](std::u16string Record::*member) { record.*member = LoadString(file, form); },
-                   [&](Constant16) { file.GetInt16(); },
-                   [&](Dropped dropped) { file.Skip(dropped.bytes); },
-                   [&](Step step) { loadStep(step); },
-                   [&](auto kept) {
-                       if constexpr (requires { record.Kept; }) {
-                           if constexpr (std::is_same_v<decltype(kept), KeptAgain>) {
-                               KeptValue(record, kept.tag) = file.GetRaw32();
-                           } else if constexpr (std::is_same_v<decltype(kept), Kept32>) {
-                               KeptValue(record, field.tag) = file.GetRaw32();
-                           } else {
-                               KeptValue(record, field.tag) = static_cast<std::uint16_t>(file.GetInt16());
-                           }
-                       }
-                   },
-               },
-               field.value);
+    const FilePosition lengthField = file.BeginRecord(type);
+    {
+        ItemWriter items(file);
+        const auto save = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row>, const auto& from) {
+            static constexpr const auto& field = Fields[Row];
+            if (!field.writtenWhen(context)) return;
+            constexpr auto value = std::get<field.value.index()>(field.value);
+            using Value = std::remove_const_t<decltype(value)>;
+            if constexpr (std::is_same_v<Value, Dropped>) {
+                return;
+            } else if constexpr (std::is_enum_v<Value>) {
+                saveStep(value, field.tag, items);
+            } else if constexpr (std::is_same_v<Value, std::u16string Record::*>) {
+                Save_Text(items, field.tag, from.*value);
+            } else {
+                items.PutInt16(field.tag);
+                if constexpr (std::is_same_v<Value, std::int16_t Record::*>) items.PutInt16(from.*value);
+                if constexpr (std::is_same_v<Value, std::int32_t Record::*>) items.PutInt32(from.*value);
+                if constexpr (std::is_same_v<Value, float Record::*>) items.PutFloat(from.*value);
+                if constexpr (std::is_same_v<Value, Constant16>) items.PutInt16(value.value);
+                if constexpr (std::is_same_v<Value, Kept16>) {
+                    items.PutInt16(static_cast<std::int16_t>(KeptValue(from, field.tag)));
+                }
+                if constexpr (std::is_same_v<Value, Kept32>) items.PutRaw32(KeptValue(from, field.tag));
+                if constexpr (std::is_same_v<Value, KeptAgain>) items.PutRaw32(KeptValue(from, value.tag));
+            }
+        };
+        const auto saveAll = [&]<std::size_t... Row>(std::index_sequence<Row...>)
+        {
+            (save(std::integral_constant<std::size_t, Row>(), record), ...);
+        };
+        saveAll(std::make_index_sequence<std::size(Fields)>());
+        items.PutInt16(ClosingTag);
+    }
+    file.PatchRecordLength(lengthField);
 }
 
 // How the reading of a record's fields came to its end.
 enum class RecordEnd {
     Closed,    // at the closing tag, or skipped from an unknown tag on
-    Stopped,   // loadField did not go on
+    Stopped,   // a step did not go on
     EndOfFile, // inside the record
     WentBack,  // its length leads back, or beyond 32 bits
 };
 
-// Reads the fields of a record whose type code has been read, up to its closing tag. Each is read by
-// loadField(field), which tells whether to go on. Tag 0 means nothing in any record. From an unknown tag on the
-// record is skipped; where records have no usable length, only the tag is.
-template <const auto& Fields, class LoadField>
-RecordEnd Load_RecordFields(RecordReader& file, bool skipsUnknown, LoadField loadField)
+// Reads the fields of a record whose type code has been read, up to its closing tag, into what record() returns,
+// which is asked anew for every field. A step is read by loadStep(step, items), which tells whether to go on.
+// Tag 0 means nothing in any record. From an unknown tag on the record is skipped; where records have no usable
+// length, only the tag is.
+template <const auto& Fields, class GetRecord, class LoadStep>
+RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetRecord record, LoadStep loadStep)
 {
+    using Record = std::remove_reference_t<decltype(record())>;
     const FilePosition end = file.GetRecordEnd();
-    for (std::int16_t tag = 0; tag != ClosingTag;) {
+    ItemReader items(file);
+    const auto load = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row>, auto& into) -> bool {
+        static constexpr const auto& field = Fields[Row];
+        constexpr auto value = std::get<field.value.index()>(field.value);
+        using Value = std::remove_const_t<decltype(value)>;
+        if constexpr (std::is_enum_v<Value>) return loadStep(value, items);
+        if constexpr (std::is_same_v<Value, std::int16_t Record::*>) into.*value = items.GetInt16();
+        if constexpr (std::is_same_v<Value, std::int32_t Record::*>) into.*value = items.GetInt32();
+        if constexpr (std::is_same_v<Value, float Record::*>) into.*value = items.GetFloat();
+        if constexpr (std::is_same_v<Value, std::u16string Record::*>) {
+            into.*value = items.Directly([&](RecordReader& reader) { return LoadString(reader, form); });
+        }
+        if constexpr (std::is_same_v<Value, Constant16>) items.GetInt16();
+        if constexpr (std::is_same_v<Value, Dropped>) {
+            items.Directly([&](RecordReader& reader) { reader.Skip(value.bytes); });
+        }
+        if constexpr (std::is_same_v<Value, Kept16>) {
+            KeptValue(into, field.tag) = static_cast<std::uint16_t>(items.GetInt16());
+        }
+        if constexpr (std::is_same_v<Value, Kept32>) KeptValue(into, field.tag) = items.GetRaw32();
+        if constexpr (std::is_same_v<Value, KeptAgain>) KeptValue(into, value.tag) = items.GetRaw32();
+        return true;
+    };
+    const auto loadRow = [&]<std::size_t... Row>(int row, std::index_sequence<Row...>)
+    {
+        bool goesOn = true;
+        const auto loadIf = [&](auto each) {
+            if (row != static_cast<int>(each())) return false;
+            goesOn = load(each, record());
+            return true;
+        };
+        static_cast<void>((loadIf(std::integral_constant<std::size_t, Row>()) || ...));
+        return goesOn;
+    };
+    std::int16_t tag = 0;
+    const auto nextTag = [&] { return !items.AtEnd() && items.GetTag(tag); };
+    // Takes the fields that follow one another in writing order, which is nearly always all of them, without
+    // looking a tag up. False when the record's reading has come to its end.
+    RecordEnd cutOff = RecordEnd::EndOfFile;
+    // A field that fails still takes the next tag with it, so that what is read behind the record stands where it
+    // always did.
+    const auto stop = [&] { return nextTag() ? RecordEnd::Stopped : RecordEnd::EndOfFile; };
+    const auto loadInOrder = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row> each) {
+        if (tag != Fields[Row].tag) return true;
+        if (!load(each, record())) {
+            cutOff = stop();
+            return false;
+        }
+        return nextTag();
+    };
+    const auto loadAllInOrder = [&]<std::size_t... Row>(std::index_sequence<Row...>)
+    {
+        return (loadInOrder(std::integral_constant<std::size_t, Row>()) && ...);
+    };
+    if (!nextTag()) return RecordEnd::EndOfFile;
+    while (tag != ClosingTag) {
+        if (!loadAllInOrder(std::make_index_sequence<WrittenRows<Fields>>())) return cutOff;
+        if (tag == ClosingTag) break;
         const int row = tag >= 0 && tag <= HighestFieldTag ? RowByTag<Fields>[static_cast<std::size_t>(tag)] : -1;
         if (row >= 0) {
-            if (!loadField(Fields[row])) return RecordEnd::Stopped;
+            if (!loadRow(row, std::make_index_sequence<std::size(Fields)>())) return stop();
         } else if (tag != 0 && skipsUnknown) {
-            return file.JumpTo(end) ? RecordEnd::Closed : RecordEnd::WentBack;
+            const bool moved = items.Directly([&](RecordReader& reader) { return reader.JumpTo(end); });
+            return moved ? RecordEnd::Closed : RecordEnd::WentBack;
         }
-        if (file.AtEnd() || !file.GetTag(tag)) return RecordEnd::EndOfFile;
+        if (!nextTag()) return RecordEnd::EndOfFile;
     }
     return RecordEnd::Closed;
 }

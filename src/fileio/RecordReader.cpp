@@ -10,7 +10,7 @@ namespace {
 
 // A reader that jumps from header to header wants few bytes at a time, one that reads on wants many.
 constexpr std::size_t SmallestFill = 1024;
-constexpr std::size_t LargestFill = 65536;
+constexpr std::size_t LargestFill = std::size_t{128} << 10;
 
 } // namespace
 
@@ -18,66 +18,82 @@ RecordReader::RecordReader(ByteSource& source)
     : source_(source), size_(static_cast<std::int64_t>(source.Size())), buffer_(LargestFill), nextFill_(SmallestFill)
 {}
 
-std::int64_t RecordReader::BytesLeft() const { return std::max<std::int64_t>(0, size_ - (position_ - 1)); }
+std::int64_t RecordReader::BytesLeft() const { return std::max<std::int64_t>(0, size_ - (Position() - 1)); }
 
+// Fills the buffer from the position on.
 void RecordReader::Fill()
 {
-    const bool readsOn = position_ == bufferStart_ + static_cast<FilePosition>(buffered_);
-    nextFill_ = readsOn ? std::min(nextFill_ * 2, LargestFill) : SmallestFill;
-    bufferStart_ = position_;
-    buffered_ = source_.ReadAt(static_cast<std::uint64_t>(position_ - 1), std::span(buffer_).first(nextFill_));
+    nextFill_ = readsOn_ ? std::min(nextFill_ * 2, LargestFill) : SmallestFill;
+    readsOn_ = true;
+    bufferStart_ = Position();
+    used_ = 0;
+    buffered_ = source_.ReadAt(static_cast<std::uint64_t>(bufferStart_ - 1), std::span(buffer_).first(nextFill_));
 }
 
 void RecordReader::GetBytes(std::span<std::byte> target)
 {
     std::size_t done = 0;
     while (done < target.size()) {
-        const FilePosition offset = position_ - bufferStart_;
-        std::size_t got = 0;
-        if (IsBuffered(1)) {
-            got = std::min(target.size() - done, buffered_ - static_cast<std::size_t>(offset));
-            std::memcpy(target.data() + done, buffer_.data() + offset, got);
-        } else if (target.size() - done >= LargestFill) {
+        if (used_ == buffered_ && target.size() - done >= LargestFill) {
             // Arrays go to their place without the buffer.
-            got = source_.ReadAt(static_cast<std::uint64_t>(position_ - 1), target.subspan(done));
-            bufferStart_ = position_ + static_cast<FilePosition>(got);
-            buffered_ = 0;
-        } else {
-            Fill();
-            if (buffered_ > 0) continue;
+            const std::size_t got = source_.ReadAt(static_cast<std::uint64_t>(Position() - 1), target.subspan(done));
+            bufferStart_ = Position() + static_cast<FilePosition>(got);
+            buffered_ = used_ = 0;
+            done += got;
+            break; // all of it, or the file ended
         }
+        if (used_ == buffered_) Fill();
+        const std::size_t got = std::min(target.size() - done, buffered_ - used_);
         if (got == 0) break;
+        std::memcpy(target.data() + done, buffer_.data() + used_, got);
+        used_ += got;
         done += got;
-        position_ += static_cast<FilePosition>(got);
     }
     std::fill(target.begin() + static_cast<std::ptrdiff_t>(done), target.end(), std::byte{0});
     atEnd_ = done < target.size();
 }
 
-bool RecordReader::GetTag(std::int16_t& tag)
+std::span<const std::byte> RecordReader::Ready(std::size_t bytes)
 {
-    tag = GetInt16();
-    return !atEnd_;
+    if (buffered_ - used_ < bytes) Fill();
+    return std::span<const std::byte>(buffer_).first(buffered_).subspan(used_);
 }
 
-void RecordReader::MoveTo(FilePosition position) { position_ = position; }
+void RecordReader::Take(std::size_t bytes)
+{
+    if (bytes == 0) return;
+    used_ += bytes;
+    atEnd_ = false;
+}
+
+void RecordReader::MoveTo(FilePosition position)
+{
+    const FilePosition offset = position - bufferStart_;
+    if (offset >= 0 && offset <= static_cast<FilePosition>(buffered_)) {
+        used_ = static_cast<std::size_t>(offset);
+    } else {
+        bufferStart_ = position;
+        buffered_ = used_ = 0;
+        readsOn_ = false;
+    }
+}
 
 void RecordReader::Skip(std::int64_t bytes)
 {
     atEnd_ = bytes > BytesLeft();
-    position_ += std::min(bytes, BytesLeft());
+    MoveTo(Position() + std::min(bytes, BytesLeft()));
 }
 
 FilePosition RecordReader::GetRecordEnd()
 {
-    const FilePosition behindLength = position_ + 4;
+    const FilePosition behindLength = Position() + 4;
     return behindLength + GetInt32();
 }
 
 bool RecordReader::JumpTo(FilePosition end)
 {
-    if (end < position_ || end > LastPosition) return false;
-    position_ = end;
+    if (end < Position() || end > LastPosition) return false;
+    MoveTo(end);
     return true;
 }
 

@@ -11,7 +11,6 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <span>
 #include <vector>
 
@@ -21,12 +20,22 @@ namespace qor {
 using FilePosition = std::int64_t;
 inline constexpr FilePosition LastPosition = 2147483647;
 
+template <class Unsigned>
+Unsigned FromLittleEndian(const std::byte* bytes)
+{
+    Unsigned value = 0;
+    for (std::size_t i = 0; i < sizeof value; ++i) {
+        value = static_cast<Unsigned>(value | (std::to_integer<std::uint32_t>(bytes[i]) << (8 * i)));
+    }
+    return value;
+}
+
 class RecordReader
 {
 public:
     explicit RecordReader(ByteSource& source);
 
-    FilePosition Position() const { return position_; }
+    FilePosition Position() const { return bufferStart_ + static_cast<FilePosition>(used_); }
     // Bytes from the position to the end of the file.
     std::int64_t BytesLeft() const;
     // The end-of-file condition: the last read could not be completed. Moving leaves it as it is.
@@ -37,8 +46,17 @@ public:
     std::uint32_t GetRaw32() { return GetUnsigned<std::uint32_t>(); }
     float GetFloat() { return std::bit_cast<float>(GetRaw32()); }
     // Reads a tag or a record type code. False when the file ends inside it, whatever bytes there were.
-    bool GetTag(std::int16_t& tag);
+    bool GetTag(std::int16_t& tag)
+    {
+        tag = GetInt16();
+        return !atEnd_;
+    }
     void GetBytes(std::span<std::byte> target);
+
+    // The bytes that stand ready from the position on, at least so many unless the file ends, 4096 at most; those
+    // that were used are taken with Take. See ItemReader.
+    std::span<const std::byte> Ready(std::size_t bytes);
+    void Take(std::size_t bytes);
 
     // Moves to any position, also behind the end of the file.
     void MoveTo(FilePosition position);
@@ -53,41 +71,95 @@ public:
 
 private:
     template <class Unsigned>
-    Unsigned GetUnsigned();
-    bool IsBuffered(std::size_t bytes) const;
+    Unsigned GetUnsigned()
+    {
+        if (buffered_ - used_ >= sizeof(Unsigned)) {
+            const auto value = FromLittleEndian<Unsigned>(buffer_.data() + used_);
+            used_ += sizeof(Unsigned);
+            atEnd_ = false;
+            return value;
+        }
+        std::array<std::byte, sizeof(Unsigned)> bytes;
+        GetBytes(bytes);
+        return FromLittleEndian<Unsigned>(bytes.data());
+    }
     void Fill();
 
     ByteSource& source_;
     std::int64_t size_;
-    FilePosition position_ = 1;
     bool atEnd_ = false;
     std::vector<std::byte> buffer_;
     FilePosition bufferStart_ = 1; // position of the buffer's first byte
     std::size_t buffered_ = 0;     // bytes that the buffer holds
+    std::size_t used_ = 0;         // and how many of them stand before the position
+    bool readsOn_ = true;          // the position was reached by reading, not by moving
     std::size_t nextFill_;         // bytes to ask for next time
 };
 
-// In the header, as what a document with thousands of short records spends its time on.
-inline bool RecordReader::IsBuffered(std::size_t bytes) const
+// Reads the items of one record without a call for each. It is meant to live in registers: make one, get items,
+// and let it go before anything else reads from the file.
+class ItemReader
 {
-    const FilePosition offset = position_ - bufferStart_;
-    return offset >= 0 && offset + static_cast<FilePosition>(bytes) <= static_cast<FilePosition>(buffered_);
-}
+public:
+    explicit ItemReader(RecordReader& file) : file_(file), ready_(file.Ready(Least)) {}
+    ~ItemReader() { file_.Take(used_); }
+    ItemReader(const ItemReader&) = delete;
+    ItemReader& operator=(const ItemReader&) = delete;
 
-template <class Unsigned>
-Unsigned RecordReader::GetUnsigned()
-{
-    std::array<std::byte, sizeof(Unsigned)> bytes;
-    if (IsBuffered(bytes.size())) {
-        std::memcpy(bytes.data(), buffer_.data() + (position_ - bufferStart_), bytes.size());
-        position_ += static_cast<FilePosition>(bytes.size());
-        atEnd_ = false;
-    } else {
-        GetBytes(bytes);
+    std::int16_t GetInt16() { return static_cast<std::int16_t>(Get<std::uint16_t>()); }
+    std::int32_t GetInt32() { return static_cast<std::int32_t>(Get<std::uint32_t>()); }
+    std::uint32_t GetRaw32() { return Get<std::uint32_t>(); }
+    float GetFloat() { return std::bit_cast<float>(GetRaw32()); }
+    // As for the file.
+    bool AtEnd() const { return used_ == 0 && file_.AtEnd(); }
+    bool GetTag(std::int16_t& tag)
+    {
+        tag = GetInt16();
+        return !AtEnd();
     }
-    std::uint32_t value = 0;
-    for (std::size_t i = bytes.size(); i-- > 0;) value = (value << 8) | std::to_integer<std::uint32_t>(bytes[i]);
-    return static_cast<Unsigned>(value);
-}
+
+    // The file itself, standing behind what was got; for everything that is not an item.
+    template <class Read>
+    auto Directly(Read read)
+    {
+        file_.Take(used_);
+        used_ = 0;
+        ready_ = {};
+        return read(file_);
+    }
+
+private:
+    static constexpr std::size_t Least = 256;
+
+    template <class Unsigned>
+    Unsigned Get()
+    {
+        if (ready_.size() - used_ < sizeof(Unsigned)) {
+            file_.Take(used_);
+            used_ = 0;
+            ready_ = file_.Ready(Least);
+            if (ready_.size() < sizeof(Unsigned)) return AtFileEnd<Unsigned>();
+        }
+        const auto value = FromLittleEndian<Unsigned>(ready_.data() + used_);
+        used_ += sizeof value;
+        return value;
+    }
+
+    // The file ends inside the item.
+    template <class Unsigned>
+    Unsigned AtFileEnd()
+    {
+        ready_ = {};
+        if constexpr (sizeof(Unsigned) == 2) {
+            return static_cast<Unsigned>(file_.GetInt16());
+        } else {
+            return file_.GetRaw32();
+        }
+    }
+
+    RecordReader& file_;
+    std::span<const std::byte> ready_;
+    std::size_t used_ = 0;
+};
 
 } // namespace qor

@@ -4,12 +4,13 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 
 namespace qor {
 namespace {
 
-constexpr std::size_t BufferSize = std::size_t{256} << 10; // fewer system calls; more gains nothing
+constexpr std::size_t BufferSize = std::size_t{256} << 10;
 
 } // namespace
 
@@ -20,19 +21,15 @@ bool RecordWriter::Flush()
     if (!failed_ && buffered_ > 0) {
         const auto offset = static_cast<std::uint64_t>(position_ - 1) - buffered_;
         failed_ = !sink_.WriteAt(offset, std::span(buffer_).first(buffered_));
-        buffered_ = 0;
     }
+    buffered_ = 0;
     return !failed_;
 }
 
 void RecordWriter::PutBytes(std::span<const std::byte> bytes)
 {
     if (failed_) return;
-    if (static_cast<std::uint64_t>(LastPosition - (position_ - 1)) < bytes.size()) {
-        Flush();
-        failed_ = true;
-        return;
-    }
+    if (!FitsPositions(bytes.size())) return;
     if (buffered_ + bytes.size() > buffer_.size() && !Flush()) return;
     if (bytes.size() > buffer_.size()) {
         // Arrays go out in one piece, past the buffer.
@@ -44,6 +41,28 @@ void RecordWriter::PutBytes(std::span<const std::byte> bytes)
     position_ += static_cast<FilePosition>(bytes.size());
 }
 
+// Whether so many bytes still have 32-bit positions; the writer fails where not.
+bool RecordWriter::FitsPositions(std::size_t bytes)
+{
+    if (static_cast<std::uint64_t>(LastPosition - (position_ - 1)) >= bytes) return true;
+    Flush();
+    failed_ = true;
+    return false;
+}
+
+std::span<std::byte> RecordWriter::Room(std::size_t bytes)
+{
+    if (buffer_.size() - buffered_ < bytes) Flush();
+    return std::span(buffer_).subspan(buffered_);
+}
+
+void RecordWriter::Commit(std::size_t bytes)
+{
+    if (failed_ || !FitsPositions(bytes)) return;
+    buffered_ += bytes;
+    position_ += static_cast<FilePosition>(bytes);
+}
+
 void RecordWriter::PutZeros(std::int64_t bytes)
 {
     static constexpr std::array<std::byte, 4096> zeros{};
@@ -53,6 +72,17 @@ void RecordWriter::PutZeros(std::int64_t bytes)
         bytes -= piece;
     }
 }
+
+template <class Unsigned>
+void RecordWriter::PutUnsigned(Unsigned value)
+{
+    PutBytes(LittleEndian(value));
+}
+
+void RecordWriter::PutInt16(std::int16_t value) { PutUnsigned(static_cast<std::uint16_t>(value)); }
+void RecordWriter::PutInt32(std::int32_t value) { PutUnsigned(static_cast<std::uint32_t>(value)); }
+void RecordWriter::PutRaw32(std::uint32_t value) { PutUnsigned(value); }
+void RecordWriter::PutFloat(float value) { PutUnsigned(std::bit_cast<std::uint32_t>(value)); }
 
 FilePosition RecordWriter::BeginRecord(std::int16_t recordType)
 {
@@ -68,8 +98,7 @@ void RecordWriter::PatchRecordLength(FilePosition lengthField)
     if (failed_) return;
     const auto bytes = LittleEndian(static_cast<std::uint32_t>(position_ - (lengthField + 4)));
     const FilePosition bufferStart = position_ - static_cast<FilePosition>(buffered_);
-    if (lengthField < bufferStart && lengthField + 4 > bufferStart && !Flush()) return;
-    if (lengthField >= bufferStart && buffered_ > 0) {
+    if (lengthField >= bufferStart) { // items are never cut by the buffer's start
         std::memcpy(buffer_.data() + (lengthField - bufferStart), bytes.data(), bytes.size());
     } else {
         failed_ = !sink_.WriteAt(static_cast<std::uint64_t>(lengthField - 1), bytes);

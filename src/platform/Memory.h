@@ -14,7 +14,7 @@ namespace qor::platform {
 void* AllocateZeroed(std::size_t bytes) noexcept;
 void FreeZeroed(void* memory, std::size_t bytes) noexcept;
 
-// Bytes that a process can hope to use: the machine's memory, or the address space where that is smaller.
+// Bytes that a process can hope to use: the machine's memory, on Windows no more than the address space.
 std::uint64_t UsableMemory() noexcept;
 
 } // namespace qor::platform

@@ -18,6 +18,7 @@ constexpr double TwoOverPi = 0x1.45f306dc9c883p-1;
 struct Reduced {
     unsigned quadrant; // only its two low bits count
     double rest;
+    double low; // what the rest lost in rounding
 };
 
 // pi/2 in three parts of 33 bits and the remainder: a multiple of a part by up to 20 bits is exact, and so are
@@ -30,7 +31,11 @@ Reduced ReduceMedium(double radians)
     constexpr double part4 = 0x1.b839a252049c1p-104;
     const auto multiple = static_cast<std::int32_t>(radians * TwoOverPi + (radians < 0 ? -0.5 : 0.5));
     const double n = multiple;
-    return {static_cast<unsigned>(multiple), (((radians - n * part1) - n * part2) - n * part3) - n * part4};
+    const double first = radians - n * part1;
+    const double second = first - n * part2;
+    const double rest = second - n * part3;
+    const double low = ((first - second) - n * part2) + ((second - rest) - n * part3) - n * part4;
+    return {static_cast<unsigned>(multiple), rest, low};
 }
 
 // Multiplies by the bits of 2/pi that matter: those before them make multiples of 4 quadrants, those behind
@@ -84,18 +89,18 @@ Reduced ReduceLarge(double radians)
         for (int k = 4; k >= 1; --k) rest += std::ldexp(static_cast<double>(bitsAt(point - 32 * k)), -32 * k);
     }
     rest *= HalfPi;
-    return radians < 0 ? Reduced{0 - quadrant, -rest} : Reduced{quadrant, rest};
+    return radians < 0 ? Reduced{0 - quadrant, -rest, 0} : Reduced{quadrant, rest, 0};
 }
 
 Reduced Reduce(double radians)
 {
     constexpr double mediumLimit = 1 << 20;
-    if (std::fabs(radians) <= QuarterPi) return {0, radians};
+    if (std::fabs(radians) <= QuarterPi) return {0, radians, 0};
     return std::fabs(radians) < mediumLimit ? ReduceMedium(radians) : ReduceLarge(radians);
 }
 
-// Taylor's series, which at pi/4 are exact to a double with these terms.
-double SmallSine(double x)
+// Taylor's series, which at pi/4 are exact to a double with these terms, of x and the little that it lost.
+double SmallSine(double x, double low)
 {
     const double s = x * x;
     double sum = 1.0 / 355687428096000;
@@ -106,10 +111,10 @@ double SmallSine(double x)
     sum = sum * s - 1.0 / 5040;
     sum = sum * s + 1.0 / 120;
     sum = sum * s - 1.0 / 6;
-    return x == 0 ? x : x + x * s * sum; // the sum would lose the sign of -0
+    return x == 0 ? x : x + (x * s * sum + low * (1 - 0.5 * s)); // the sum would lose the sign of -0
 }
 
-double SmallCosine(double x)
+double SmallCosine(double x, double low)
 {
     const double s = x * x;
     double sum = 1.0 / 20922789888000;
@@ -119,7 +124,9 @@ double SmallCosine(double x)
     sum = sum * s + 1.0 / 40320;
     sum = sum * s - 1.0 / 720;
     sum = sum * s + 1.0 / 24;
-    return 1 - (0.5 * s - s * s * sum);
+    const double half = 0.5 * s;
+    const double leading = 1 - half;
+    return leading + (((1 - leading) - half) + (s * s * sum - x * low));
 }
 
 // The series of the arctangent, for at most tan(pi/16).
@@ -146,15 +153,21 @@ double ArcTangentOfFraction(double x)
 
 SineCosine SineAndCosine(double radians)
 {
-    const auto [quadrant, rest] = Reduce(radians);
-    const double sine = SmallSine(rest);
-    const double cosine = SmallCosine(rest);
+    const auto [quadrant, rest, low] = Reduce(radians);
+    const double sine = SmallSine(rest, low);
+    const double cosine = SmallCosine(rest, low);
     switch (quadrant & 3) {
     case 0: return {sine, cosine};
     case 1: return {cosine, -sine};
     case 2: return {-sine, -cosine};
     default: return {-cosine, sine};
     }
+}
+
+SineCosine SineAndCosineOfDegrees(double degrees)
+{
+    constexpr double radiansPerDegree = 0.017453292519943278; // 3.14159265358979 / 180
+    return SineAndCosine(degrees * radiansPerDegree);
 }
 
 double ArcTangent(double value)

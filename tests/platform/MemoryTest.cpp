@@ -98,15 +98,17 @@ std::int64_t MappedPages()
     return pages;
 }
 
-// Large pieces are cut out of a larger mapping; what lies before and behind must not stay mapped.
-TEST(AllocateZeroed, MapsNoMoreThanThePieceItself)
+// Large pieces are cut out of a larger mapping; what lies before and behind must not stay mapped, but for a
+// twentieth that makes the last huge page whole.
+TEST(AllocateZeroed, MapsLittleMoreThanThePieceItself)
 {
     const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
     MappedPages(); // its own memory is mapped once
-    for (const std::size_t pages : {512, 513, 777, 1024, 1535}) {
+    for (const std::size_t pages : {512, 513, 777, 972, 976, 1024, 1454, 1535}) {
         const std::int64_t before = MappedPages();
         void* const memory = AllocateZeroed(page * pages);
-        EXPECT_EQ(MappedPages() - before, static_cast<std::int64_t>(pages));
+        EXPECT_GE(MappedPages() - before, static_cast<std::int64_t>(pages)) << pages;
+        EXPECT_LE(MappedPages() - before, static_cast<std::int64_t>(pages + pages / 20)) << pages;
         FreeZeroed(memory, page * pages);
         EXPECT_EQ(MappedPages(), before);
     }

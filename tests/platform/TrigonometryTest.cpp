@@ -180,5 +180,11 @@ TEST(ArcTangent, OfZeroKeepsTheSign)
     EXPECT_TRUE(std::signbit(ArcTangent(-0.0)));
 }
 
+// Its sine lies half a unit in the last place of a double from the middle between two floats.
+TEST(SineAndCosineOfDegrees, IsRightToTheLastBitBesideTheMiddleBetweenTwoFloats)
+{
+    EXPECT_EQ(static_cast<float>(SineAndCosineOfDegrees(0x1.786dep+6F).sine), 0x1.feaf5ep-1F);
+}
+
 } // namespace
 } // namespace qor::platform

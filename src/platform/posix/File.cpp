@@ -3,7 +3,9 @@
 #include "platform/File.h"
 
 #include "platform/Unicode.h"
+#include "platform/posix/SystemPath.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <string>
@@ -16,15 +18,6 @@ namespace {
 
 // One system call moves at most some 2 GiB; larger pieces go in turns.
 constexpr std::size_t LargestPiece = std::size_t{1} << 30;
-
-// A name that UTF-8 cannot carry, or that the system would cut at an embedded zero, names no file.
-std::optional<std::string> SystemPath(std::u16string_view path)
-{
-    if (path.empty() || path.find(u'\0') != std::u16string_view::npos) return std::nullopt;
-    std::string bytes = ToUtf8(path);
-    if (FromUtf8(bytes) != path) return std::nullopt;
-    return bytes;
-}
 
 bool IsRegular(int descriptor)
 {
@@ -44,6 +37,14 @@ bool DeleteExisting(const std::string& path)
 int Descriptor(std::intptr_t handle) { return static_cast<int>(handle); }
 
 } // namespace
+
+std::optional<std::string> SystemPath(std::u16string_view path)
+{
+    if (path.empty() || path.find(u'\0') != std::u16string_view::npos) return std::nullopt;
+    std::string bytes = ToUtf8(path);
+    if (FromUtf8(bytes) != path) return std::nullopt;
+    return bytes;
+}
 
 std::optional<File> File::OpenForReading(std::u16string_view path)
 {

@@ -17,6 +17,14 @@
 namespace qor::test {
 namespace {
 
+// Makes one callable of several.
+template <class... Visitors>
+struct Overloaded : Visitors... {
+    using Visitors::operator()...;
+};
+template <class... Visitors>
+Overloaded(Visitors...) -> Overloaded<Visitors...>;
+
 constexpr std::string_view HeaderHeading = "## Data Block record, type 2048";
 constexpr std::string_view TraceHeading = "## Trace record, type 2304";
 

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// What each clsQOR_File has for itself, beside the documents that it shares with the others of its thread.
+#pragma once
+
+#include "fileio/RecordReader.h"
+#include "platform/File.h"
+#include "shapetable/ShapeTableLayout.h"
+#include "structure/Structure.h"
+
+#include <QOR_File/QOR_File.h>
+
+#include <chrono>
+#include <memory>
+#include <utility>
+
+namespace qor {
+
+// A file that is open for reading records.
+struct OpenRecordFile {
+    explicit OpenRecordFile(platform::File opened) : file(std::move(opened)), records(file) {}
+
+    platform::File file;
+    RecordReader records;
+};
+
+} // namespace qor
+
+struct clsQOR_File::State {
+    std::chrono::system_clock::time_point CreationTime = std::chrono::system_clock::now();
+
+    ErrorStatusTypes OwnErrorStatus = NoError;
+    std::u16string LastErrorText;
+
+    Bool16 TraceDataAllocated = false;
+    Bool16 XaxisAllocated = false;
+    DataBlock_DataFormatTypes PublicDataFormat = DataFormat_Undefined;
+
+    qor::ShapeTableTexts ShapeTexts;
+    qor::ShapeTableCounts ShapeCounts;
+
+    qor::StructureTexts StructureTexts;
+    std::int16_t FileVersion = 0; // of the Structure file that was read last
+    // A Structure file that was refused stays open until the object opens another file.
+    std::unique_ptr<qor::OpenRecordFile> RefusedFile;
+};
