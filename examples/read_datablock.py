@@ -62,6 +62,11 @@ class Reader:
         return [item[0] if len(kind) == 1 else complex(*item)
                 for item in struct.iter_unpack("<" + kind, self.take(count * struct.calcsize("<" + kind)))]
 
+    def size(self, arrays=1):
+        if arrays < 0 or self.samples < 0:  # older traces may bring a number of samples that no array has
+            raise Damaged("a size that no reader takes")
+        return arrays * self.samples
+
     def text(self):
         if self.version >= 12:
             return self.take(2 * max(0, self.get("i"))).decode("utf-16-le", "replace")
@@ -118,11 +123,11 @@ class Reader:
             elif kind == "s":
                 record[tag] = self.text()
             elif kind in ("x values", "samples"):
-                record[tag] = self.array("ff" if kind == "samples" and self.format == 2 else "f", self.samples)
+                record[tag] = self.array("ff" if kind == "samples" and self.format == 2 else "f", self.size())
             elif kind == "extra":
-                self.take(8 * self.samples)
+                self.take(8 * self.size())
             elif kind == "extras":
-                self.take(8 * self.samples * max(0, self.get("h")))
+                self.take(8 * self.size(arrays=self.get("h")))
             elif kind == "older samples":
                 value = self.get("i")
                 self.samples = self.samples or value

@@ -126,6 +126,16 @@ const Repetition Repetitions[] = {
          const Bytes block = RecordBytes(DataBlockType).Field(3, Int16(1)).Build();
          return InTraceList(TraceBytes().Field(27).Raw(block).Field(28).Build(), count);
      }},
+    {"ResetsWithATraceBehindEach",
+     [](int count) {
+         return AtTopLevel(RecordBytes(DataBlockType).Field(3, Int16(32767)).Build() + TraceBytes().Build(), count);
+     }},
+    {"ResetsWithATraceBehindEachInsideATrace",
+     [](int count) {
+         const Bytes block = RecordBytes(DataBlockType).Field(3, Int16(32767)).Build();
+         const RecordBytes outer = TraceBytes().Field(27).Raw(Repeat(block + TraceBytes().Build(), count)).Field(28);
+         return SizedFile(1, 2).Field(11).Nested(outer).Field(12).Build();
+     }},
     {"EmptyTraces", [](int count) { return InTraceList(TraceBytes().Build(), count); }},
     {"TracesWithSamples",
      [](int count) {

@@ -261,12 +261,13 @@ TEST(Load_DataBlockRecord, ReadsPastTheListOfAuxiliaryTraces)
     }
 }
 
-TEST(Load_DataBlockRecord, ANegativeCountOfAuxiliaryTracesReadsNothing)
+TEST(Load_DataBlockRecord, ANegativeCountOfAuxiliaryTracesFailsTheRecord)
 {
     const Loaded loaded = LoadBytes(SizedFile(0, 2).Field(99, Int16(-3)).Field(94, Int32(9)).Build());
 
-    EXPECT_EQ(loaded.status, Success);
-    EXPECT_EQ(loaded.block.Kept[94], 9u);
+    EXPECT_EQ(loaded.status, Failure);
+    EXPECT_EQ(loaded.error, NoError);
+    EXPECT_EQ(loaded.block.Kept[94], 0u) << "the record was left";
 }
 
 // ---- counts ----------------------------------------------------------------------------------------------------

@@ -5,6 +5,7 @@
 // the pages' own examples. Where it reads them, the pages suffice.
 #include "datablock/Save_DataBlock.h"
 #include "docs/Page.h"
+#include "support/DataBlockFile.h"
 #include "support/TemporaryFolder.h"
 
 #include <QOR_File/QOR_File.h>
@@ -159,6 +160,51 @@ TEST(ReadDataBlockScript, RefusesTheSmallestFileAsTheLibraryDoes)
 
     EXPECT_EQ(run.exitStatus, 1);
     EXPECT_TRUE(run.output.ends_with("/file: a size that no reader takes\n")) << run.output;
+}
+
+// Whether the script, and the library, read the file.
+void ExpectRefusedByBoth(const Bytes& bytes, const std::string& message)
+{
+    MemoryFile memory(bytes);
+    DataBlock block;
+    EXPECT_EQ(LoadDataBlock(memory, block).status, Failure) << message;
+    const ScriptRun run = RunReaderOn(bytes);
+    EXPECT_EQ(run.exitStatus, 1) << message;
+    EXPECT_TRUE(run.output.ends_with("/file: " + message + '\n')) << run.output;
+}
+
+TEST(ReadDataBlockScript, FailsOnArraysWhoseNumberOfSamplesIsBelowZero)
+{
+    const auto file = [](const Bytes& inTrace, const Bytes& behindTheList) {
+        return DataBlockFile()
+            .Field(3, Int16(1))
+            .Field(11)
+            .Nested(TraceBytes().Field(4, Int32(-2)).Raw(inTrace))
+            .Field(12)
+            .Raw(behindTheList)
+            .Build();
+    };
+    ExpectRefusedByBoth(file(Int16(17), {}), "a size that no reader takes");
+    ExpectRefusedByBoth(file(Int16(41), {}), "a size that no reader takes");
+    for (const Bytes& field : {Int16(10), Int16(65), Int16(99) + Int16(0), Int16(99) + Int16(-3)}) {
+        ExpectRefusedByBoth(file({}, field), "a size that no reader takes");
+    }
+    EXPECT_EQ(RunReaderOn(file({}, {})).exitStatus, 0) << "no array goes by it";
+}
+
+TEST(ReadDataBlockScript, FailsOnANegativeCountOfAuxiliaryTraces)
+{
+    ExpectRefusedByBoth(SizedFile(0, 2).Field(99, Int16(-3)).Build(), "a size that no reader takes");
+    ExpectRefusedByBoth(DataBlockFile().Field(99, Int16(-1)).Build(), "a size that no reader takes");
+}
+
+TEST(ReadDataBlockScript, TakesHalfAVersionForAWholeOne)
+{
+    const Bytes whole = DataBlockFile().Build();
+    const Bytes firstLine(whole.begin(), whole.begin() + 35);
+
+    ExpectRefusedByBoth(firstLine + Hex("0D"), "version 13 is too new");
+    EXPECT_EQ(RunReaderOn(firstLine + Hex("0C")).exitStatus, 0);
 }
 
 } // namespace
