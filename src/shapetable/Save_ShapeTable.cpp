@@ -19,16 +19,25 @@ public:
 
     bool Faulted() const { return faulted_ || file_.Failed(); }
 
-    void Int32(std::int32_t value) { file_.PutInt32(value); }
-    void Float(float value) { file_.PutFloat(value); }
-    void Text(std::u16string_view text) { SaveString(file_, text); }
-    void TrimmedText(std::u16string_view text) { SaveString(file_, Trimmed(text)); }
+    void Int32(std::int32_t value)
+    {
+        if (!faulted_) file_.PutInt32(value);
+    }
+    void Float(float value)
+    {
+        if (!faulted_) file_.PutFloat(value);
+    }
+    void Text(std::u16string_view text)
+    {
+        if (!faulted_) SaveString(file_, text);
+    }
+    void TrimmedText(std::u16string_view text) { Text(Trimmed(text)); }
     void Constant16(std::int16_t value, int times)
     {
-        for (int i = 0; i < times; ++i) file_.PutInt16(value);
+        for (int i = 0; i < times && !faulted_; ++i) file_.PutInt16(value);
     }
-    void ConstantFloat(float value) { file_.PutFloat(value); }
-    void ConstantText(std::u16string_view text) { SaveString(file_, text); }
+    void ConstantFloat(float value) { Float(value); }
+    void ConstantText(std::u16string_view text) { Text(text); }
 
     void MeasurementType(const DOF& dof)
     {
