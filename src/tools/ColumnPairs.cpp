@@ -3,32 +3,50 @@
 #include "tools/ColumnPairs.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace qor::tool {
 namespace {
 
+// What a dump writes, and what measuring programs write. Letter case does not count.
 constexpr std::string_view RealWord = "re";
 constexpr std::string_view ImaginaryWord = "im";
+constexpr std::pair<std::string_view, std::string_view> PairWords[] = {
+    {RealWord, ImaginaryWord}, {"real", "imag"}, {"real", "imaginary"}};
+
+char LowerCase(char letter)
+{
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
+}
+
+bool EndsWithWord(std::string_view label, std::string_view word)
+{
+    return label.size() >= word.size() &&
+           std::ranges::equal(label.substr(label.size() - word.size()), word, {}, LowerCase) &&
+           (label.size() == word.size() || label[label.size() - word.size() - 1] == ' ');
+}
 
 // The label without the word at its end; nothing when it ends otherwise.
 std::optional<std::string_view> WithoutLastWord(std::string_view label, std::string_view word)
 {
-    if (label == word) return "";
-    if (label.size() <= word.size() || !label.ends_with(word)) return std::nullopt;
-    label.remove_suffix(word.size());
-    if (!label.ends_with(' ')) return std::nullopt;
-    return TrimmedBlanks(label);
+    if (!EndsWithWord(label, word)) return std::nullopt;
+    return TrimmedBlanks(label.substr(0, label.size() - word.size()));
 }
 
 bool IsPair(const Heading& first, const Heading& second)
 {
-    const auto real = WithoutLastWord(first.label, RealWord);
-    return real && real == WithoutLastWord(second.label, ImaginaryWord) && first.units == second.units;
+    return first.units == second.units && std::ranges::any_of(PairWords, [&](const auto& words) {
+               const auto real = WithoutLastWord(first.label, words.first);
+               return real && real == WithoutLastWord(second.label, words.second);
+           });
 }
 
 Heading PairHeading(const Heading& first)
 {
-    return {std::string(WithoutLastWord(first.label, RealWord).value_or(first.label)), first.units};
+    for (const auto& words : PairWords) {
+        if (const auto label = WithoutLastWord(first.label, words.first)) return {std::string(*label), first.units};
+    }
+    return first;
 }
 
 Heading WithLastWord(const Heading& heading, std::string_view word)

@@ -141,12 +141,30 @@ private:
 
     bool IsValue(std::string_view cell) { return IsNumber(cell) || ParseTimeStamp(cell); }
 
+    // A first cell that is no value and has no letter, before values only, is a damaged X value rather than a header.
+    void RefuseDamagedX()
+    {
+        const std::string_view x = firstRow_.front();
+        const bool hasLetter = std::ranges::any_of(x, [](char each) {
+            return (each >= 'A' && each <= 'Z') || (each >= 'a' && each <= 'z') || (each & 0x80) != 0;
+        });
+        const bool othersAreValues = std::all_of(firstRow_.begin() + 1, firstRow_.end(),
+                                                 [this](const auto& cell) { return cell.empty() || IsNumber(cell); });
+        if (!hasLetter && othersAreValues) {
+            FailCell(x, "is neither a number nor a date and time; --header takes this row for a header row");
+        }
+    }
+
     // A first row is a header when its first cell, or, where that is empty, any other one, is not a value. A later
     // cell alone does not make it one: a row with a damaged value must not be lost silently.
     bool FirstRowIsHeader()
     {
         if (options_.header) return *options_.header;
-        if (!firstRow_.front().empty()) return !IsValue(firstRow_.front());
+        if (!firstRow_.front().empty()) {
+            if (IsValue(firstRow_.front())) return false;
+            RefuseDamagedX();
+            return true;
+        }
         return std::ranges::any_of(firstRow_, [this](const auto& cell) { return !cell.empty() && !IsValue(cell); });
     }
 

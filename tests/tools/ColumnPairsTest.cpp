@@ -19,6 +19,16 @@ TEST(PairColumns, PairsNeighboursWhoseHeadingsSaySo)
     EXPECT_EQ(traces, (Traces{{0, 1, {"H1", "g/N"}}, {2, std::nullopt, {"Coherence", ""}}}));
 }
 
+TEST(PairColumns, KnowsTheWordsThatMeasuringProgramsWriteInAnyLetterCase)
+{
+    for (const auto& [real, imaginary] :
+         {std::pair("H1 Re", "H1 Im"), std::pair("H1 real", "H1 imag"), std::pair("H1 Real", "H1 Imaginary")}) {
+        const std::vector<Heading> headings = {{real, "g"}, {imaginary, "g"}};
+
+        EXPECT_EQ(PairColumns(headings, ComplexColumns::ByHeading), (Traces{{0, 1, {"H1", "g"}}})) << real;
+    }
+}
+
 TEST(PairColumns, LeavesColumnsApartThatDifferInLabelOrUnits)
 {
     const std::vector<Heading> headings = {{"A re", "g"}, {"B im", "g"}, {"C re", "g"}, {"C im", "N"}};

@@ -52,6 +52,14 @@ TEST(CsvTable, TakesHeadingsXValuesAndColumns)
     EXPECT_EQ(table.firstTimeStamp, "");
 }
 
+// Taken for a header row, its values would be lost without a word.
+TEST(CsvTable, RefusesAFirstRowWithADamagedXValue)
+{
+    EXPECT_EQ(Refusal("1.0.5;1\n2;2\n3;3\n"),
+              "1:1: \"1.0.5\" is neither a number nor a date and time; --header takes this row for a header row");
+    EXPECT_EQ(Table("Time,1,2\n0,1,2\n1,3,4\n").headings.front().label, "Time") << "channels may have numbers";
+}
+
 TEST(CsvTable, TakesATableWithoutHeadings)
 {
     const CsvTable table = Table("0,1\n1,2\n");
