@@ -345,7 +345,8 @@ bool ReportModes(const Analysis& analysis)
 int main(int argc, char** argv)
 try {
     const int strikes = argc > 2 ? std::atoi(argv[2]) : static_cast<int>(StrikeAmplitudes.size());
-    if (argc < 2 || argc > 3 || argv[1][0] == '-' || strikes < 1 || strikes > static_cast<int>(StrikeAmplitudes.size())) {
+    if (argc < 2 || argc > 3 || argv[1][0] == '-' || strikes < 1 ||
+        strikes > static_cast<int>(StrikeAmplitudes.size())) {
         std::cerr << "usage: beam_impact_test FOLDER [STRIKES]   (1 to " << StrikeAmplitudes.size() << ")\n";
         return 2;
     }
