@@ -223,7 +223,8 @@ RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetR
         }
         if constexpr (std::is_same_v<Value, Constant16>) items.GetInt16();
         if constexpr (std::is_same_v<Value, Dropped>) {
-            items.Directly([&](RecordReader& reader) { reader.Skip(value.bytes); });
+            constexpr std::int64_t bytes = value.bytes;
+            items.Directly([](RecordReader& reader) { reader.Skip(bytes); });
         }
         if constexpr (std::is_same_v<Value, Kept16>) {
             KeptValue(into, field.tag) = static_cast<std::uint16_t>(items.GetInt16());

@@ -28,10 +28,11 @@ std::u16string ShortPathOf(std::u16string_view path)
     if (trimmed.empty()) return {};
     // The buffer is the path's length and 2 in both queries; what does not fit is cut, as published.
     const std::size_t room = trimmed.size() + 2;
-    const std::u16string whole = platform::ShortPath(trimmed, room);
+    std::u16string whole = platform::ShortPath(trimmed, room);
     if (!whole.empty()) return whole;
-    const std::u16string folder = platform::ShortPath(FilePathOf(trimmed), room);
-    return folder.empty() ? folder : folder + FileNameOf(trimmed);
+    std::u16string folder = platform::ShortPath(FilePathOf(trimmed), room);
+    if (!folder.empty()) folder += FileNameOf(trimmed);
+    return folder;
 }
 
 bool SamePath(std::u16string_view path1, std::u16string_view path2)
