@@ -4,6 +4,7 @@
 // The Shape Table members of clsQOR_File. Records and values are the thread's, counts the object's.
 #include "component/ObjectState.h"
 #include "component/modQOR_File.h"
+#include "datablock/SampleAccess.h" // KnownDataSVT
 #include "fileio/Framing.h"
 #include "platform/File.h"
 #include "shapetable/Save_ShapeTable.h"
@@ -52,11 +53,6 @@ void Set(clsQOR_File& object, ErrorStatusTypes error, std::vector<Record>& recor
     if (error != NoError) object.ErrorStatus(error);
     Record* const record = error == NoError ? Find(records, number) : nullptr;
     if (record) record->*field = value;
-}
-
-std::int32_t KnownDataSVT(std::int32_t value)
-{
-    return value == DataIsScalar || value == DataIsTensor ? value : DataIsVector;
 }
 
 } // namespace
