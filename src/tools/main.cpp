@@ -2,11 +2,11 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // qor: shows Data Block files and makes them of CSV files. The command line only; each command has a file of its own.
-#include "tools/DumpCommand.h"
-#include "tools/ImportCommand.h"
-#include "tools/InfoCommand.h"
-#include "tools/Names.h"
-#include "tools/Text.h"
+#include "tools/console/Text.h"
+#include "tools/documents/Names.h"
+#include "tools/dump/DumpCommand.h"
+#include "tools/import/ImportCommand.h"
+#include "tools/info/InfoCommand.h"
 
 #include <CLI/CLI.hpp>
 

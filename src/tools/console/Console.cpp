@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+#include "tools/console/Console.h"
+
+#include "tools/console/Text.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace qor::tool {
+
+ToolError FileError(std::string_view path, std::string_view reason)
+{
+    return ToolError(FileFailed, fmt::format("{}: {}", path, reason));
+}
+
+ToolError UsageError(std::string_view reason) { return ToolError(WrongUsage, std::string(reason)); }
+
+void Output::Flush()
+{
+    const std::string text(buffer_.data(), buffer_.size());
+    buffer_.clear();
+    errno = 0;
+    if (std::fwrite(text.data(), 1, text.size(), file_) == text.size() && std::fflush(file_) == 0) return;
+    if (errno == EPIPE) throw ReaderGone();
+    throw FileError("standard output", errno != 0 ? std::strerror(errno) : "it cannot be written");
+}
+
+bool Output::IsTerminal() const { return isatty(fileno(file_)) == 1; }
+
+void PrintMessage(std::string_view text)
+{
+    const std::string line = fmt::format("qor: {}\n", Shown(text));
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+void PrepareProcess()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    // Opening takes the lowest free number. Read-only, so that writing to it fails as it does to a closed stream.
+    for (int descriptor = open("/dev/null", O_RDONLY); descriptor >= 0; descriptor = open("/dev/null", O_RDONLY)) {
+        if (descriptor <= STDERR_FILENO) continue;
+        close(descriptor);
+        break;
+    }
+}
+
+} // namespace qor::tool
