@@ -55,6 +55,7 @@ int main(int argc, char** argv)
         // One group after the other, and its documents away before the next: together they would take much memory.
         const auto run = [&](auto registerGroup) {
             registerGroup();
+            unmatched.str({});
             benchmark::RunSpecifiedBenchmarks(&times);
             benchmark::ClearRegisteredBenchmarks();
         };
