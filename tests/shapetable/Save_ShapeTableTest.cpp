@@ -5,6 +5,7 @@
 #include "shapetable/Saving.h"
 
 #include <limits>
+#include <new>
 #include <utility>
 
 namespace qor::test {
@@ -297,6 +298,17 @@ TEST(SaveShapeTable, AFullDiskKeepsTheBeginningOfALargeFile)
     const Bytes& kept = file.Content();
     ASSERT_GT(kept.size(), 0U);
     EXPECT_EQ(kept, Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(kept.size())));
+}
+
+TEST(SaveShapeTable, WithoutMemoryToWriteWithFails)
+{
+    struct SinkWithoutMemory : ByteSink {
+        bool WriteAt(std::uint64_t, std::span<const std::byte>) override { throw std::bad_alloc(); }
+    };
+    SinkWithoutMemory sink;
+    const Document document = Sized(1, 1);
+
+    EXPECT_EQ(SaveShapeTable(sink, document.table, document.counts, document.texts), Failure);
 }
 
 // ---- whether there is anything to write -----------------------------------------------------------------------
