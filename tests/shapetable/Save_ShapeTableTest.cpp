@@ -243,6 +243,23 @@ TEST(SaveShapeTable, AbsentValuesLeaveAFileWithoutValues)
     EXPECT_EQ(saved.bytes, NewTableBytes(2, 3));
 }
 
+// Two objects whose counts cross leave each other's values in place, but not the records.
+TEST(SaveShapeTable, NoValuesStandBehindRecordsThatAreMissing)
+{
+    Document fewerShapes = Sized(3, 2);
+    fewerShapes.table.Shapes.resize(2);
+    Document fewerDOFs = Sized(2, 3);
+    fewerDOFs.table.DOFs.resize(2);
+
+    const Saved withoutShape = Save(fewerShapes);
+    const Saved withoutDOF = Save(fewerDOFs);
+
+    EXPECT_EQ(withoutShape.status, Failure);
+    EXPECT_EQ(withoutShape.bytes, HeaderBytes(2, 3) + Times(2, NewShapeBytes()));
+    EXPECT_EQ(withoutDOF.status, Failure);
+    EXPECT_EQ(withoutDOF.bytes, HeaderBytes(3, 2) + Times(2, NewShapeBytes()) + Times(2, NewDOFBytes()));
+}
+
 TEST(SaveShapeTable, TooFewValuesAreNotWrittenInPart)
 {
     for (const auto& [shapes, dofs] : {std::pair{1, 3}, std::pair{2, 2}, std::pair{3, 2}}) {

@@ -55,6 +55,15 @@ TEST(AllocateShapeTable, RefusesAnArrayBeyond31BitsWhateverTheMemory)
     }
 }
 
+TEST(AllocateShapeTable, OfNothingLeavesNothingAllocated)
+{
+    ShapeTable table;
+    ShapeTableCounts counts = {0, 0, true};
+
+    EXPECT_EQ(AllocateShapeTable(table, counts, 0), NoError);
+    ExpectEmpty(table, counts);
+}
+
 TEST(AllocateShapeTable, GivesTheMemoryOfWhatIsCutOffBack)
 {
     ShapeTable table;
@@ -68,6 +77,15 @@ TEST(AllocateShapeTable, GivesTheMemoryOfWhatIsCutOffBack)
     EXPECT_EQ(table.Shapes.capacity(), 1U);
     EXPECT_EQ(table.DOFs.capacity(), 0U);
     EXPECT_FALSE(table.ShapeValues.has_value());
+}
+
+TEST(ShapeMatrix, HasItsShapesAndDOFsFrom1On)
+{
+    const ShapeMatrix matrix = ShapeMatrix::Zeros(2, 3).value();
+
+    EXPECT_TRUE(matrix.Has(1, 1) && matrix.Has(2, 3));
+    for (const std::int32_t shape : {0, -1, 3, LargestInt32}) EXPECT_FALSE(matrix.Has(shape, 1)) << shape;
+    for (const std::int32_t dof : {0, -1, 4, LargestInt32}) EXPECT_FALSE(matrix.Has(1, dof)) << dof;
 }
 
 } // namespace
