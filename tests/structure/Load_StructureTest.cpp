@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 namespace qor::test {
 namespace {
 
@@ -390,6 +392,27 @@ TEST(Load_Structure, AnElementWithoutRoomIsAFailureBehindWhichNothingIsRead)
     EXPECT_EQ(outcome.error, NoError);
     EXPECT_EQ(structure.NumberOfEdgeLines, before);
     EXPECT_EQ(structure.NumberOfVertexPoints, 0);
+}
+
+// Stands for a text that the machine's memory does not hold.
+class FileBeyondMemory : public ByteSource
+{
+public:
+    std::size_t ReadAt(std::uint64_t, std::span<std::byte>) override { throw std::bad_alloc(); }
+    std::uint64_t Size() const override { return 100; }
+};
+
+TEST(Load_Structure, ATextWithoutRoomIsAFailureWithoutACode)
+{
+    FileBeyondMemory source;
+    RecordReader file(source);
+    Structure structure;
+    StructureTexts texts;
+
+    const Outcome outcome = Load_StructureRecords(file, 12, structure, texts);
+
+    EXPECT_EQ(outcome.status, Failure);
+    EXPECT_EQ(outcome.error, NoError);
 }
 
 TEST(Load_Structure, AFailedRunDoesNotEndTheRecordThatItStandsIn)
