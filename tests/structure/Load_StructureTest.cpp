@@ -415,6 +415,33 @@ TEST(Load_Structure, ATextWithoutRoomIsAFailureWithoutACode)
     EXPECT_EQ(outcome.error, NoError);
 }
 
+TEST(Load_Structure, AnElementWithoutRoomAtTheEndOfTheFileIsAFailureWithoutACode)
+{
+    Structure structure;
+    FillEdgeLines(structure);
+
+    const Outcome outcome = LoadInto(structure, EdgeLineBytes().Build());
+
+    EXPECT_EQ(outcome.status, Failure);
+    EXPECT_EQ(outcome.error, NoError);
+}
+
+TEST(Load_Structure, AVertexPointWithoutRoomIsReadPastAndAFailure)
+{
+    Structure structure;
+    structure.NumberOfVertexPoints = static_cast<std::int32_t>(2147483647 / sizeof(VertexPoint));
+    ASSERT_TRUE(structure.VertexPoints.Resize(structure.NumberOfVertexPoints));
+    const std::int32_t before = structure.NumberOfVertexPoints;
+
+    const Outcome outcome =
+        LoadInto(structure, VertexBytes().Field(4, Int32(2)).Field(9).Nested(EdgeLineBytes()).Field(14).Build());
+
+    EXPECT_EQ(outcome.status, Failure);
+    EXPECT_EQ(structure.NumberOfVertexPoints, before);
+    EXPECT_EQ(structure.VertexPoints[before].Color, 0);
+    EXPECT_EQ(structure.NumberOfEdgeLines, 1) << "the run inside its record is read";
+}
+
 TEST(Load_Structure, AFailedRunDoesNotEndTheRecordThatItStandsIn)
 {
     Structure structure;
