@@ -455,5 +455,18 @@ TEST(Load_Structure, AFailedRunDoesNotEndTheRecordThatItStandsIn)
     EXPECT_EQ(structure.VertexPoints[1].Color, 2);
 }
 
+TEST(Load_Structure, TheLastRunOfARecordDecidesItsResult)
+{
+    // Without room for its edge line the first run fails; it takes the next type code with it.
+    const Bytes failing = EdgeLineBytes().Build() + Int16(0);
+    const RecordBytes records[] = {VertexBytes().Field(9).Raw(failing).Field(11).Field(14),
+                                   SubStructureBytes().Field(3).Raw(failing).Field(3).Field(4)};
+    for (const RecordBytes& record : records) {
+        Structure structure;
+        FillEdgeLines(structure);
+        EXPECT_EQ(LoadInto(structure, record.Build() + Hex("AA AA")).status, Success);
+    }
+}
+
 } // namespace
 } // namespace qor::test
