@@ -285,7 +285,7 @@ TEST(Load_DiscardedRecord, HasValuesOf16And32Bits)
     const RecordBytes discarded = DiscardedBytes().Field(2, Hex("34 12 FF 00")).Field(1, Int16(255)).Field(1, Int16(7));
 
     const LoadedStructure loaded =
-        LoadStructure(StructureFile().Version(8).Record(discarded).Record(VertexBytes().Field(4, Int32(1))));
+        LoadStructure(StructureFile().Record(discarded).Record(VertexBytes().Field(4, Int32(1))));
 
     EXPECT_EQ(loaded.error, NoError);
     ASSERT_EQ(loaded.structure.NumberOfVertexPoints, 1);
