@@ -227,7 +227,7 @@ Outcome Load_StructureRecords(RecordReader& file, std::int16_t version, Structur
         const ReturnStatus status = loader.Load_Records();
         return {status, loader.Error()};
     } catch (const std::bad_alloc&) {
-        return {Failure, AllocationError};
+        return {Failure, loader.Error()}; // the reader has no code for it
     }
 }
 

@@ -48,7 +48,7 @@ FileInfo Inspect(const std::string& path, bool statistics)
                                             info.hasSamples[static_cast<std::size_t>(number - 1)] = true;
                                             return false;
                                         }});
-    info.version = result.version;
+    info.version = file.Version();
     info.endMarkerMissing = result.error != NoError;
     if (HasUniformXaxis(info.block)) {
         info.firstX = XValue(info.block, 1).value_or(0);
