@@ -11,6 +11,7 @@
 #include "tools/csv/ColumnPairs.h"
 #include "tools/documents/DocumentFile.h"
 #include "tools/documents/Names.h"
+#include "tools/dump/DataBlockCsv.h"
 
 #include <algorithm>
 #include <cmath>
@@ -217,6 +218,11 @@ private:
 };
 
 } // namespace
+
+void WriteDataBlockCsv(const DocumentFile& file, const DataBlock& block, std::vector<int> traces, Output& output)
+{
+    Dump(file, block, std::move(traces), output).AsCsv();
+}
 
 ExitCode RunDump(const DumpOptions& options, Output& output)
 {
