@@ -14,7 +14,6 @@
 #include <cstdint>
 #include <memory>
 #include <span>
-#include <tuple>
 #include <utility>
 
 namespace qor {
@@ -24,7 +23,7 @@ using FilePosition = std::int64_t;
 inline constexpr FilePosition LastPosition = 2147483647;
 
 template <class Unsigned>
-Unsigned FromLittleEndian(const std::byte* bytes)
+QOR_INLINE inline Unsigned FromLittleEndian(const std::byte* bytes)
 {
     // In one expression, which compilers turn into one load.
     return [bytes]<std::size_t... Place>(std::index_sequence<Place...>)
@@ -135,21 +134,17 @@ public:
         return standsReady || !AtEnd();
     }
     // Several 32-bit values that stand together.
-    template <class... Values>
-    QOR_INLINE void GetAll(Values&... values)
-    {
-        if (const std::byte* piece = GetPiece((sizeof(Values) + ...))) {
-            ((values =
-                  std::bit_cast<Values>(FromLittleEndian<std::uint32_t>(std::exchange(piece, piece + sizeof(Values))))),
-             ...);
-        } else {
-            ((values = std::bit_cast<Values>(GetRaw32())), ...);
-        }
-    }
     template <class Value, std::size_t Count>
     QOR_INLINE void GetAll(std::array<Value, Count>& values)
     {
-        std::apply([this](auto&... each) QOR_INLINE { GetAll(each...); }, values);
+        static_assert(sizeof(Value) == 4);
+        if (const std::byte* const piece = GetPiece(sizeof values)) {
+            for (std::size_t i = 0; i < Count; ++i) {
+                values[i] = std::bit_cast<Value>(FromLittleEndian<std::uint32_t>(piece + 4 * i));
+            }
+        } else {
+            for (Value& value : values) value = std::bit_cast<Value>(GetRaw32());
+        }
     }
     // The longest piece.
     static constexpr std::size_t LongestPiece = 256;

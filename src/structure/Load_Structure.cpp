@@ -120,36 +120,36 @@ private:
         return ResultOf(end, status);
     }
 
-    // Makes one element more. False, and nothing made, when memory does not suffice.
+    // One element more, all zeros; nothing when memory does not suffice.
     template <class Element>
-    static bool Append(ElementArray<Element>& elements, std::int32_t& count)
+    static Element* Append(ElementArray<Element>& elements, std::int32_t& count)
     {
-        if (!elements.Resize(count + 1)) return false;
-        ++count;
-        return true;
+        const std::int32_t number = count + 1;
+        if (!elements.Resize(number)) return nullptr;
+        count = number;
+        return &elements[number];
     }
 
     ReturnStatus Load_VertexRecord()
     {
-        ElementArray<VertexPoint>& points = structure_.VertexPoints;
-        const bool made = Append(points, structure_.NumberOfVertexPoints);
+        VertexPoint* const made = Append(structure_.VertexPoints, structure_.NumberOfVertexPoints);
         const std::int32_t number = structure_.NumberOfVertexPoints;
-        VertexPoint point; // put in its place when whole: a nested run may append vertex points, and so move it
+        VertexPoint* point = made ? made : &droppedPoint_;
         ReturnStatus status = Success;
         const RecordEnd end = Load_Record<Vertex_Fields>(
-            file_, skipsUnknown_, textForm_, [&]() QOR_INLINE -> VertexPoint& { return point; },
+            file_, skipsUnknown_, textForm_, [&]() QOR_INLINE -> VertexPoint& { return *point; },
             [&](VertexStep step, ItemReader& items) QOR_INLINE {
                 if (step == VertexStep::NestedRun) {
                     items.Directly([&](RecordReader&) { status = Load_Run(); });
+                    // The run may have appended vertex points, and so moved this one.
+                    if (made) point = &structure_.VertexPoints[number];
                     return !ended_;
                 }
-                Load(point, step, items);
+                Load(*point, step, items);
                 return true;
             });
         const ReturnStatus result = ResultOf(end, status);
-        if (!made) return Failure;
-        points[number] = point;
-        return result;
+        return made ? result : Failure;
     }
 
     QOR_INLINE void Load(VertexPoint& point, VertexStep step, ItemReader& items) const
@@ -157,10 +157,14 @@ private:
         switch (step) {
         case VertexStep::SmallNumber: items.GetInt16(); break;
         case VertexStep::LargeNumber: items.GetInt32(); break;
-        case VertexStep::Coordinates: items.GetAll(point.Xcoord, point.Ycoord, point.Zcoord); break;
+        case VertexStep::Coordinates:
+            point.Xcoord = items.GetFloat();
+            point.Ycoord = items.GetFloat();
+            point.Zcoord = items.GetFloat();
+            break;
         case VertexStep::Bold: point.Bold = items.GetInt16() != 0; break;
         case VertexStep::Label:
-            LoadString(items, textForm_, [&](std::u16string_view text) QOR_INLINE { point.Label = PaddedLabel(text); });
+            LoadString(items, textForm_, [&](std::u16string_view text) QOR_INLINE { SetLabel(point.Label, text); });
             break;
         case VertexStep::SmallCenterPoint: point.CenterPoint = items.GetInt16(); break;
         case VertexStep::LargeCenterPoint: point.CenterPoint = items.GetInt32(); break;
@@ -181,7 +185,9 @@ private:
     template <const auto& Fields, class Element>
     ReturnStatus Load_ElementRecord(ElementArray<Element>& elements, std::int32_t& count)
     {
-        Element element;
+        Element* const made = Append(elements, count);
+        Element dropped;
+        Element& element = made ? *made : dropped;
         const RecordEnd end = Load_Record<Fields>(
             file_, skipsUnknown_, textForm_, [&]() QOR_INLINE -> Element& { return element; },
             [&](ElementStep step, ItemReader& items) QOR_INLINE {
@@ -194,8 +200,6 @@ private:
                 }
                 return true;
             });
-        const bool made = Append(elements, count);
-        if (made) elements[count] = element;
         return ResultOf(end, made ? Success : Failure);
     }
 
@@ -204,6 +208,7 @@ private:
     const TextForm textForm_;
     Structure& structure_;
     StructureTexts& texts_;
+    VertexPoint droppedPoint_; // takes the values of one that there is no memory for
     ErrorStatusTypes error_ = NoError;
     bool ended_ = false; // nothing more is read
     int runDepth_ = 0;

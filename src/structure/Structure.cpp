@@ -2,7 +2,6 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "structure/Structure.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace qor {
@@ -19,7 +18,7 @@ bool AllocateArrays(Structure& structure)
     const std::int32_t firstNew = structure.VertexPoints.Count() + 1;
     if (!structure.VertexPoints.Resize(structure.NumberOfVertexPoints)) return false;
     for (std::int32_t number = firstNew; number <= structure.NumberOfVertexPoints; ++number) {
-        structure.VertexPoints[number].Label = PaddedLabel({});
+        SetLabel(structure.VertexPoints[number].Label, {});
     }
     return structure.EdgeLines.Resize(structure.NumberOfEdgeLines) &&
            structure.SurfaceTriangles.Resize(structure.NumberOfSurfaceTriangles) &&
@@ -27,14 +26,6 @@ bool AllocateArrays(Structure& structure)
 }
 
 } // namespace
-
-FixedLabel PaddedLabel(std::u16string_view text)
-{
-    FixedLabel label;
-    label.fill(u' ');
-    std::copy_n(text.begin(), std::min(text.size(), label.size()), label.begin());
-    return label;
-}
 
 std::u16string_view TextOf(const FixedLabel& label) { return {label.data(), label.size()}; }
 

@@ -11,6 +11,7 @@
 
 #include <QOR_File/Enumerations.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -22,8 +23,18 @@ namespace qor {
 inline constexpr std::size_t LabelWidth = 20;
 using FixedLabel = std::array<char16_t, LabelWidth>;
 
-// The text cut at the width, or padded with blanks.
-FixedLabel PaddedLabel(std::u16string_view text);
+// Sets the label to the text, cut at the width or padded with blanks. The text is none of the label itself.
+inline void SetLabel(FixedLabel& label, std::u16string_view text)
+{
+    label.fill(u' ');
+    std::copy_n(text.begin(), std::min(text.size(), LabelWidth), label.begin());
+}
+inline FixedLabel PaddedLabel(std::u16string_view text)
+{
+    FixedLabel label;
+    SetLabel(label, text);
+    return label;
+}
 std::u16string_view TextOf(const FixedLabel& label);
 
 // Three local axes by three components of their end points: X of axis 1, 2, 3, then Y, then Z.
