@@ -61,22 +61,19 @@ std::u16string LoadCharacters(RecordReader& file, std::int32_t count);
 template <class Store>
 QOR_INLINE inline void LoadString(ItemReader& items, TextForm form, Store store)
 {
-    constexpr std::int32_t longest = ItemReader::LongestPiece / sizeof(char16_t);
+    constexpr std::int32_t longest = ItemReader::MostHeld / sizeof(char16_t);
     if (form == TextForm::ZeroTerminated) {
         store(items.Directly([](RecordReader& file) { return LoadString(file, TextForm::ZeroTerminated); }));
         return;
     }
     const std::int32_t count = items.GetInt32();
-    const auto wanted = count >= 0 && count <= longest ? static_cast<std::size_t>(count) : 0;
-    const std::byte* const bytes = wanted > 0 ? items.GetPiece(sizeof(char16_t) * wanted) : nullptr;
-    if (!bytes) {
+    const auto wanted = count > 0 && count <= longest ? static_cast<std::size_t>(count) : 0;
+    if (wanted == 0 || !items.Holds(sizeof(char16_t) * wanted)) {
         store(items.Directly([count](RecordReader& file) { return LoadCharacters(file, count); }));
         return;
     }
     std::array<char16_t, longest> units;
-    for (std::size_t i = 0; i < wanted; ++i) {
-        units[i] = FromLittleEndian<std::uint16_t>(bytes + sizeof(char16_t) * i);
-    }
+    for (std::size_t i = 0; i < wanted; ++i) units[i] = items.GetHeld<std::uint16_t>();
     store(std::u16string_view(units.data(), wanted));
 }
 

@@ -11,6 +11,7 @@
 #include <array>
 #include <cstdint>
 #include <iterator>
+#include <optional>
 #include <type_traits>
 #include <utility>
 #include <variant>
@@ -73,6 +74,12 @@ struct Field {
         value;
     When<Context> written{};
 };
+
+// The record that a table lays out.
+template <class Record, class Step, class Context, std::size_t Count>
+Record RecordIn(const Field<Record, Step, Context> (&fields)[Count]);
+template <const auto& Fields>
+using RecordOf = decltype(RecordIn(Fields));
 
 // The highest tag that any table has.
 inline constexpr std::int16_t HighestFieldTag = 1280;
@@ -169,7 +176,7 @@ QOR_INLINE inline void Save_Text(ItemWriter& items, std::int16_t tag, std::u16st
 template <const auto& Fields, class Record, class Context, class SaveStep>
 void Save_Record(RecordWriter& file, std::int16_t type, const Record& record, const Context& context, SaveStep saveStep)
 {
-    const FilePosition lengthField = file.Position() + sizeof type;
+    const FilePosition lengthField = file.Position() + FilePosition{sizeof type};
     {
         ItemWriter items(file);
         items.PutInt16(type);
@@ -216,38 +223,77 @@ enum class RecordEnd {
     WentBack,  // its length leads back, or beyond 32 bits
 };
 
+// Bytes of a row's value in the file; 0 where they are not always the same number. Of a step, its reader knows: see
+// Load_Record.
+template <const auto& Fields, std::size_t Row, class LoadStep>
+constexpr std::size_t ValueBytes()
+{
+    constexpr auto value = std::get<Fields[Row].value.index()>(Fields[Row].value);
+    using Value = std::remove_const_t<decltype(value)>;
+    if constexpr (std::is_enum_v<Value>) {
+        if constexpr (requires { LoadStep::Bytes(value); }) return LoadStep::Bytes(value);
+    }
+    if constexpr (std::is_member_object_pointer_v<Value>) {
+        using Member = std::remove_cvref_t<decltype(std::declval<RecordOf<Fields>>().*value)>;
+        if constexpr (std::is_arithmetic_v<Member>) return sizeof(Member);
+    }
+    if constexpr (std::is_same_v<Value, Constant16> || std::is_same_v<Value, Kept16>) return 2;
+    if constexpr (std::is_same_v<Value, Kept32> || std::is_same_v<Value, KeptAgain>) return 4;
+    return 0;
+}
+
+// Runs of written rows whose values have always the same width, by the row that begins one: how many bytes the values
+// of the run and the tags behind them take, if all of them are there. 0 for all other rows.
+template <const auto& Fields, class LoadStep>
+inline constexpr auto FixedRuns = []<std::size_t... Row>(std::index_sequence<Row...>)
+{
+    std::array<std::size_t, sizeof...(Row)> runs{};
+    std::size_t first = 0;
+    bool inRun = false;
+    [[maybe_unused]] const auto add = [&](std::size_t row, std::size_t bytes) {
+        const std::size_t withTag = bytes + sizeof(std::int16_t);
+        if (!inRun || runs[first] + withTag > ItemReader::MostHeld) first = row;
+        inRun = bytes > 0;
+        if (inRun) runs[first] += withTag;
+    };
+    (add(Row, ValueBytes<Fields, Row, LoadStep>()), ...);
+    return runs;
+}
+(std::make_index_sequence<WrittenRows<Fields>>());
+
 // Reads the fields of a record whose type code has been read, up to its closing tag, into what record() returns,
-// which is asked anew for every field. A step is read by loadStep(step, items), which tells whether to go on.
+// which is asked anew for every field. A step is read by loadStep(step, items), which tells whether to go on; where
+// it has a static Bytes(step), that is how many bytes it always takes, or 0.
 // Tag 0 means nothing in any record. From an unknown tag on the record is skipped; where records have no usable
 // length, only the tag is.
 template <const auto& Fields, class GetRecord, class LoadStep>
 RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetRecord record, LoadStep loadStep)
 {
-    using Record = std::remove_reference_t<decltype(record())>;
     const FilePosition behindLength = file.Position() + 4;
     ItemReader items(file);
     const FilePosition end = behindLength + items.GetInt32();
-    const auto load = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row>, auto& into) QOR_INLINE -> bool {
+    const auto load = [&]<std::size_t Row, class Record>(std::integral_constant<std::size_t, Row>, auto& from,
+                                                         Record& into) QOR_INLINE -> bool {
         static constexpr const auto& field = Fields[Row];
         constexpr auto value = std::get<field.value.index()>(field.value);
         using Value = std::remove_const_t<decltype(value)>;
-        if constexpr (std::is_enum_v<Value>) return loadStep(value, items);
-        if constexpr (std::is_same_v<Value, std::int16_t Record::*>) into.*value = items.GetInt16();
-        if constexpr (std::is_same_v<Value, std::int32_t Record::*>) into.*value = items.GetInt32();
-        if constexpr (std::is_same_v<Value, float Record::*>) into.*value = items.GetFloat();
+        if constexpr (std::is_enum_v<Value>) return loadStep(value, from);
+        if constexpr (std::is_same_v<Value, std::int16_t Record::*>) into.*value = from.GetInt16();
+        if constexpr (std::is_same_v<Value, std::int32_t Record::*>) into.*value = from.GetInt32();
+        if constexpr (std::is_same_v<Value, float Record::*>) into.*value = from.GetFloat();
         if constexpr (std::is_same_v<Value, std::u16string Record::*>) {
-            LoadString(items, form, [&](std::u16string_view text) QOR_INLINE { into.*value = text; });
+            LoadString(from, form, [&](std::u16string_view text) QOR_INLINE { into.*value = text; });
         }
-        if constexpr (std::is_same_v<Value, Constant16>) items.GetInt16();
+        if constexpr (std::is_same_v<Value, Constant16>) from.GetInt16();
         if constexpr (std::is_same_v<Value, Dropped>) {
             constexpr std::int64_t bytes = value.bytes;
-            items.Directly([](RecordReader& reader) { reader.Skip(bytes); });
+            from.Directly([](RecordReader& reader) { reader.Skip(bytes); });
         }
         if constexpr (std::is_same_v<Value, Kept16>) {
-            KeptValue(into, field.tag) = static_cast<std::uint16_t>(items.GetInt16());
+            KeptValue(into, field.tag) = static_cast<std::uint16_t>(from.GetInt16());
         }
-        if constexpr (std::is_same_v<Value, Kept32>) KeptValue(into, field.tag) = items.GetRaw32();
-        if constexpr (std::is_same_v<Value, KeptAgain>) KeptValue(into, value.tag) = items.GetRaw32();
+        if constexpr (std::is_same_v<Value, Kept32>) KeptValue(into, field.tag) = from.GetRaw32();
+        if constexpr (std::is_same_v<Value, KeptAgain>) KeptValue(into, value.tag) = from.GetRaw32();
         return true;
     };
     const auto loadRow = [&]<std::size_t... Row>(int row, std::index_sequence<Row...>) QOR_INLINE
@@ -255,7 +301,7 @@ RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetR
         bool goesOn = true;
         const auto loadIf = [&](auto each) QOR_INLINE {
             if (row != static_cast<int>(each())) return false;
-            goesOn = load(each, record());
+            goesOn = load(each, items, record());
             return true;
         };
         static_cast<void>((loadIf(std::integral_constant<std::size_t, Row>()) || ...));
@@ -263,27 +309,36 @@ RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetR
     };
     std::int16_t tag = 0;
     const auto nextTag = [&]() QOR_INLINE { return items.GetTag(tag); };
-    // Takes the fields that follow one another in writing order, which is nearly always all of them, without
-    // looking a tag up. False when the record's reading has come to its end.
-    RecordEnd cutOff = RecordEnd::EndOfFile;
     // A field that fails still takes the next tag with it, so that what is read behind the record stands where it
     // always did.
     const auto stop = [&]() QOR_INLINE { return nextTag() ? RecordEnd::Stopped : RecordEnd::EndOfFile; };
+    // Takes the fields that follow one another in writing order, which is nearly always all of them, without looking
+    // a tag up. It ends where the rows do, early where few bytes are left in the file.
+    std::optional<RecordEnd> ended; // the record's reading has come to its end
     const auto loadInOrder = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row> each) QOR_INLINE {
+        constexpr std::size_t runBytes = FixedRuns<Fields, LoadStep>[Row];
+        if (runBytes > 0 && !items.Holds(runBytes)) return false;
         if (tag != Fields[Row].tag) return true;
-        if (!load(each, record())) {
-            cutOff = stop();
-            return false;
+        if constexpr (ValueBytes<Fields, Row, LoadStep>() > 0) {
+            HeldItems held(items);
+            const bool goesOn = load(each, held, record());
+            tag = held.GetInt16();
+            if (!goesOn) ended = RecordEnd::Stopped;
+        } else if (!load(each, items, record())) {
+            ended = stop();
+        } else if (!nextTag()) {
+            ended = RecordEnd::EndOfFile;
         }
-        return nextTag();
+        return !ended;
     };
     const auto loadAllInOrder = [&]<std::size_t... Row>(std::index_sequence<Row...>) QOR_INLINE
     {
-        return (loadInOrder(std::integral_constant<std::size_t, Row>()) && ...);
+        static_cast<void>((loadInOrder(std::integral_constant<std::size_t, Row>()) && ...));
     };
     if (!nextTag()) return RecordEnd::EndOfFile;
     while (tag != ClosingTag) {
-        if (!loadAllInOrder(std::make_index_sequence<WrittenRows<Fields>>())) return cutOff;
+        loadAllInOrder(std::make_index_sequence<WrittenRows<Fields>>());
+        if (ended) return *ended;
         if (tag == ClosingTag) break;
         const int row = tag >= 0 && tag <= HighestFieldTag ? RowByTag<Fields>[static_cast<std::size_t>(tag)] : -1;
         if (row >= 0) {

@@ -109,9 +109,27 @@ private:
     std::size_t nextFill_;         // bytes to ask for next time
 };
 
+// What every reader of items offers, by Get<Unsigned>() of its own.
+template <class Reader>
+class Items
+{
+public:
+    QOR_INLINE constexpr std::int16_t GetInt16() { return static_cast<std::int16_t>(Get<std::uint16_t>()); }
+    QOR_INLINE constexpr std::int32_t GetInt32() { return static_cast<std::int32_t>(Get<std::uint32_t>()); }
+    QOR_INLINE constexpr std::uint32_t GetRaw32() { return Get<std::uint32_t>(); }
+    QOR_INLINE constexpr float GetFloat() { return std::bit_cast<float>(GetRaw32()); }
+
+private:
+    template <class Unsigned>
+    QOR_INLINE constexpr Unsigned Get()
+    {
+        return static_cast<Reader*>(this)->template Get<Unsigned>();
+    }
+};
+
 // Reads the items of one record without a call for each. It is meant to live in registers, so that nothing may take
 // its address: make one, get items, and let it go before anything else reads from the file.
-class ItemReader
+class ItemReader : public Items<ItemReader>
 {
 public:
     QOR_INLINE explicit ItemReader(RecordReader& file) : file_(file) { Refill(); }
@@ -119,10 +137,20 @@ public:
     ItemReader(const ItemReader&) = delete;
     ItemReader& operator=(const ItemReader&) = delete;
 
-    QOR_INLINE std::int16_t GetInt16() { return static_cast<std::int16_t>(Get<std::uint16_t>()); }
-    QOR_INLINE std::int32_t GetInt32() { return static_cast<std::int32_t>(Get<std::uint32_t>()); }
-    QOR_INLINE std::uint32_t GetRaw32() { return Get<std::uint32_t>(); }
-    QOR_INLINE float GetFloat() { return std::bit_cast<float>(GetRaw32()); }
+    template <class Unsigned>
+    QOR_INLINE Unsigned Get()
+    {
+        if (Left() < sizeof(Unsigned)) [[unlikely]] {
+            Refill();
+            if (Left() < sizeof(Unsigned)) {
+                // The file ends inside the item.
+                return Directly([](RecordReader& file) {
+                    return static_cast<Unsigned>(sizeof(Unsigned) == 2 ? file.GetInt16() : file.GetInt32());
+                });
+            }
+        }
+        return GetHeld<Unsigned>();
+    }
     // As for the file.
     QOR_INLINE bool AtEnd() const { return next_ == start_ && file_.AtEnd(); }
     // Reads a tag, unless the file ended before or ends inside it.
@@ -133,28 +161,22 @@ public:
         tag = GetInt16();
         return standsReady || !AtEnd();
     }
-    // Several 32-bit values that stand together.
-    template <class Value, std::size_t Count>
-    QOR_INLINE void GetAll(std::array<Value, Count>& values)
-    {
-        static_assert(sizeof(Value) == 4);
-        if (const std::byte* const piece = GetPiece(sizeof values)) {
-            for (std::size_t i = 0; i < Count; ++i) {
-                values[i] = std::bit_cast<Value>(FromLittleEndian<std::uint32_t>(piece + 4 * i));
-            }
-        } else {
-            for (Value& value : values) value = std::bit_cast<Value>(GetRaw32());
-        }
-    }
-    // The longest piece.
-    static constexpr std::size_t LongestPiece = 256;
-    // So many bytes in one piece; nothing, and nothing read, where the file ends before.
-    QOR_INLINE const std::byte* GetPiece(std::size_t bytes)
+
+    // The most that can be held.
+    static constexpr std::size_t MostHeld = 256;
+    // Whether the file has so many bytes more, which are then at hand.
+    QOR_INLINE bool Holds(std::size_t bytes)
     {
         if (Left() < bytes) Refill();
-        if (Left() < bytes) return nullptr;
-        next_ += bytes;
-        return next_ - bytes;
+        return Left() >= bytes;
+    }
+    // An item of which all bytes are held. Nothing is looked at again.
+    template <class Unsigned>
+    QOR_INLINE Unsigned GetHeld()
+    {
+        const auto value = FromLittleEndian<Unsigned>(next_);
+        next_ += sizeof value;
+        return value;
     }
 
     // The file itself, standing behind what was got; for everything that is not an item.
@@ -172,32 +194,47 @@ private:
 
     QOR_INLINE void Refill()
     {
-        const std::span<const std::byte> ready = file_.Ready(Used(), LongestPiece);
+        const std::span<const std::byte> ready = file_.Ready(Used(), MostHeld);
         start_ = next_ = ready.data();
         end_ = start_ + ready.size();
-    }
-
-    template <class Unsigned>
-    QOR_INLINE Unsigned Get()
-    {
-        if (Left() < sizeof(Unsigned)) [[unlikely]] {
-            Refill();
-            if (Left() < sizeof(Unsigned)) {
-                // The file ends inside the item.
-                return Directly([](RecordReader& file) {
-                    return static_cast<Unsigned>(sizeof(Unsigned) == 2 ? file.GetInt16() : file.GetInt32());
-                });
-            }
-        }
-        const auto value = FromLittleEndian<Unsigned>(next_);
-        next_ += sizeof value;
-        return value;
     }
 
     RecordReader& file_;
     const std::byte* start_ = nullptr; // what stood ready
     const std::byte* next_ = nullptr;
     const std::byte* end_ = nullptr;
+};
+
+// Items that an ItemReader holds.
+class HeldItems : public Items<HeldItems>
+{
+public:
+    QOR_INLINE explicit HeldItems(ItemReader& items) : items_(items) {}
+
+    template <class Unsigned>
+    QOR_INLINE Unsigned Get()
+    {
+        return items_.GetHeld<Unsigned>();
+    }
+
+private:
+    ItemReader& items_;
+};
+
+// Reads zeros and counts their bytes: what a function that reads items takes from a file.
+class CountedItems : public Items<CountedItems>
+{
+public:
+    template <class Unsigned>
+    constexpr Unsigned Get()
+    {
+        bytes_ += sizeof(Unsigned);
+        return 0;
+    }
+    constexpr std::size_t Bytes() const { return bytes_; }
+
+private:
+    std::size_t bytes_ = 0;
 };
 
 } // namespace qor

@@ -9,6 +9,72 @@
 namespace qor {
 namespace {
 
+// The steps of a vertex point's record that always take the same number of bytes.
+template <class Items>
+QOR_INLINE constexpr void Load_FixedStep(VertexPoint& point, VertexStep step, Items& items)
+{
+    switch (step) {
+    case VertexStep::SmallNumber: items.GetInt16(); break;
+    case VertexStep::LargeNumber: items.GetInt32(); break;
+    case VertexStep::Coordinates:
+        point.Xcoord = items.GetFloat();
+        point.Ycoord = items.GetFloat();
+        point.Zcoord = items.GetFloat();
+        break;
+    case VertexStep::Bold: point.Bold = items.GetInt16() != 0; break;
+    case VertexStep::SmallCenterPoint: point.CenterPoint = items.GetInt16(); break;
+    case VertexStep::LargeCenterPoint: point.CenterPoint = items.GetInt32(); break;
+    case VertexStep::PointType:
+        point.PointType = items.GetInt16();
+        if (point.PointType < Rectangular || point.PointType > Machine) point.PointType = Rectangular;
+        break;
+    case VertexStep::Axes:
+        for (float& value : point.AxisEnd) value = items.GetFloat();
+        break;
+    case VertexStep::NormalAxis:
+        point.NormalAxis = items.GetInt16();
+        // The last axis, not the first, stands for an undeclared one, on purpose.
+        if (point.NormalAxis < Xaxis || point.NormalAxis > Zaxis) point.NormalAxis = Zaxis;
+        break;
+    case VertexStep::Label:
+    case VertexStep::NestedRun: break; // see Load_VertexRecord
+    }
+}
+
+template <class Element, class Items>
+QOR_INLINE constexpr void Load_FixedStep(Element& element, ElementStep step, Items& items)
+{
+    switch (step) {
+    case ElementStep::SmallVertexPoints:
+        for (std::int32_t& each : element.VertexPoints) each = items.GetInt16();
+        break;
+    case ElementStep::LargeVertexPoints:
+        for (std::int32_t& each : element.VertexPoints) each = items.GetInt32();
+        break;
+    case ElementStep::Bold: element.Bold = items.GetInt16() != 0; break;
+    }
+}
+
+// Reads the steps of a record with load(step, items), and tells how wide they are.
+template <class Record, class Load>
+struct StepReader {
+    Load load;
+
+    QOR_INLINE bool operator()(auto step, auto& items) const { return load(step, items); }
+    static constexpr std::size_t Bytes(auto step)
+    {
+        Record record;
+        CountedItems items;
+        Load_FixedStep(record, step, items);
+        return items.Bytes();
+    }
+};
+template <class Record, class Load>
+StepReader<Record, Load> Steps(Load load)
+{
+    return {load};
+}
+
 class StructureLoader
 {
 public:
@@ -136,50 +202,27 @@ private:
         const std::int32_t number = structure_.NumberOfVertexPoints;
         VertexPoint* point = made ? made : &droppedPoint_;
         ReturnStatus status = Success;
-        const RecordEnd end = Load_Record<Vertex_Fields>(
-            file_, skipsUnknown_, textForm_, [&]() QOR_INLINE -> VertexPoint& { return *point; },
-            [&](VertexStep step, ItemReader& items) QOR_INLINE {
+        const auto loadStep = [&]<class Items>(VertexStep step, Items& items) QOR_INLINE {
+            if constexpr (std::is_same_v<Items, ItemReader>) {
+                if (step == VertexStep::Label) {
+                    LoadString(items, textForm_,
+                               [&](std::u16string_view text) QOR_INLINE { SetLabel(point->Label, text); });
+                }
                 if (step == VertexStep::NestedRun) {
                     items.Directly([&](RecordReader&) { status = Load_Run(); });
                     // The run may have appended vertex points, and so moved this one.
                     if (made) point = &structure_.VertexPoints[number];
                     return !ended_;
                 }
-                Load(*point, step, items);
-                return true;
-            });
+            }
+            Load_FixedStep(*point, step, items);
+            return true;
+        };
+        const RecordEnd end = Load_Record<Vertex_Fields>(
+            file_, skipsUnknown_, textForm_, [&]() QOR_INLINE -> VertexPoint& { return *point; },
+            Steps<VertexPoint>(loadStep));
         const ReturnStatus result = ResultOf(end, status);
         return made ? result : Failure;
-    }
-
-    QOR_INLINE void Load(VertexPoint& point, VertexStep step, ItemReader& items) const
-    {
-        switch (step) {
-        case VertexStep::SmallNumber: items.GetInt16(); break;
-        case VertexStep::LargeNumber: items.GetInt32(); break;
-        case VertexStep::Coordinates:
-            point.Xcoord = items.GetFloat();
-            point.Ycoord = items.GetFloat();
-            point.Zcoord = items.GetFloat();
-            break;
-        case VertexStep::Bold: point.Bold = items.GetInt16() != 0; break;
-        case VertexStep::Label:
-            LoadString(items, textForm_, [&](std::u16string_view text) QOR_INLINE { SetLabel(point.Label, text); });
-            break;
-        case VertexStep::SmallCenterPoint: point.CenterPoint = items.GetInt16(); break;
-        case VertexStep::LargeCenterPoint: point.CenterPoint = items.GetInt32(); break;
-        case VertexStep::PointType:
-            point.PointType = items.GetInt16();
-            if (point.PointType < Rectangular || point.PointType > Machine) point.PointType = Rectangular;
-            break;
-        case VertexStep::Axes: items.GetAll(point.AxisEnd); break;
-        case VertexStep::NormalAxis:
-            point.NormalAxis = items.GetInt16();
-            // The last axis, not the first, stands for an undeclared one, on purpose.
-            if (point.NormalAxis < Xaxis || point.NormalAxis > Zaxis) point.NormalAxis = Zaxis;
-            break;
-        case VertexStep::NestedRun: break; // see Load_VertexRecord
-        }
     }
 
     template <const auto& Fields, class Element>
@@ -188,18 +231,13 @@ private:
         Element* const made = Append(elements, count);
         Element dropped;
         Element& element = made ? *made : dropped;
+        const auto loadStep = [&](ElementStep step, auto& items) QOR_INLINE {
+            Load_FixedStep(element, step, items);
+            return true;
+        };
         const RecordEnd end = Load_Record<Fields>(
             file_, skipsUnknown_, textForm_, [&]() QOR_INLINE -> Element& { return element; },
-            [&](ElementStep step, ItemReader& items) QOR_INLINE {
-                switch (step) {
-                case ElementStep::SmallVertexPoints:
-                    for (std::int32_t& each : element.VertexPoints) each = items.GetInt16();
-                    break;
-                case ElementStep::LargeVertexPoints: items.GetAll(element.VertexPoints); break;
-                case ElementStep::Bold: element.Bold = items.GetInt16() != 0; break;
-                }
-                return true;
-            });
+            Steps<Element>(loadStep));
         return ResultOf(end, made ? Success : Failure);
     }
 
