@@ -38,6 +38,8 @@ TEST(Manual, ShowsWhatTheToolDoes)
     const auto steps = StepsOf(std::filesystem::path(QOR_SOURCE_DIR) / "docs/qor.md");
     ASSERT_GE(steps.size(), 10U);
     const Workshop workshop;
+    SaveRoof(workshop / "roof.str");
+    SaveModes(workshop / "modes.shp");
     for (const Step& step : steps) {
         if (step.command.starts_with("cat ")) {
             workshop.Write(step.command.substr(4), step.output); // the page shows a file that is there
