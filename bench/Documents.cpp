@@ -15,12 +15,6 @@ float Value(std::int32_t trace, std::int32_t sample)
     return static_cast<float>(sample % 8191) * 0.25F + static_cast<float>(trace);
 }
 
-std::u16string Numbered(const char16_t* text, std::int32_t number)
-{
-    const std::string digits = std::to_string(number);
-    return text + std::u16string(digits.begin(), digits.end());
-}
-
 std::uint64_t Mixed(std::uint64_t sum, float value)
 {
     return (sum ^ std::bit_cast<std::uint32_t>(value)) * 0x9E3779B97F4A7C15U;
@@ -36,6 +30,12 @@ std::uint64_t TraceSum(const Trace& trace)
 }
 
 } // namespace
+
+std::u16string Numbered(const char16_t* text, std::int32_t number)
+{
+    const std::string digits = std::to_string(number);
+    return text + std::u16string(digits.begin(), digits.end());
+}
 
 std::uint64_t SampleBytes(const Shape& shape)
 {

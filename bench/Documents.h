@@ -23,6 +23,9 @@ struct Shape {
 inline constexpr Shape LongTraces{"long_traces", 64, 1'000'000, true};   // 512 MB
 inline constexpr Shape ShortTraces{"short_traces", 4'000, 1'024, false}; // 16 MB
 
+// The text with the number behind it.
+std::u16string Numbered(const char16_t* text, std::int32_t number);
+
 std::uint64_t SampleBytes(const Shape& shape);
 
 // A document of that shape, every trace with labels and with samples of its own.

@@ -56,6 +56,8 @@ public:
     // A table of all times, and one line "ratio NAME VALUE" a figure: the median of the ratios to the reference
     // for each benchmark that has one; the median time for a name that ends in _ms, and, as NAME_ns, for a sample.
     void Print() const;
+    // True while no benchmark has run.
+    bool Empty() const { return benchmarks_.empty() && !failed_; }
     // True when a benchmark found its results wrong.
     bool Failed() const { return failed_; }
 

@@ -3,7 +3,7 @@
 #include "FileBench.h"
 
 #include "Documents.h"
-#include "Figures.h"
+#include "FileTimes.h"
 #include "component/modQOR_File.h"
 #include "datablock/Load_DataBlock.h"
 #include "datablock/Save_DataBlock.h"
@@ -22,111 +22,70 @@ using benchmark::State;
 constexpr int LongRuns = 9;
 constexpr int ShortRuns = 41;
 
-// A document with its file, and the file's bytes in memory that has been touched.
+SavedFile Saved(const std::string& path, const DataBlock& block)
+{
+    auto file = platform::File::Replace(Utf16(path));
+    if (!file || SaveDataBlock(*file, block).status == Failure || !file->Close())
+        throw std::runtime_error(path + ": cannot be saved");
+    return SavedFile(path);
+}
+
+// A document with its file.
 struct Subject {
     Subject(const WorkFolder& folder, const Shape& measuredShape)
         : shape(measuredShape),
           block(MakeDocument(shape)),
           checksum(Checksum(block)),
-          path(folder / (std::string(shape.name) + ".blk")),
-          fresh(path + ".new"),
-          freshReference(path + ".reference")
-    {
-        auto file = platform::File::Replace(Utf16(path));
-        if (!file || SaveDataBlock(*file, block).status == Failure || !file->Close())
-            throw std::runtime_error(path + ": cannot be saved");
-        bytes = BytesOf(path);
-        target.resize(bytes.size(), std::byte{1});
-    }
+          file(Saved(folder / (std::string(shape.name) + ".blk"), block))
+    {}
 
     Shape shape;
     DataBlock block;
     std::uint64_t checksum;
-    std::string path;
-    std::string fresh;          // the new file of each save
-    std::string freshReference; // and of each plain write
-    std::vector<std::byte> bytes;
-    std::vector<std::byte> target;
+    SavedFile file;
 };
-
-// Saves beside a plain write, both to a new file. What was just given back is warm: a virtual machine may have to
-// ask its host for memory that lay idle, which takes longer than all that is measured. So both are done once before.
-template <class Work>
-void TimeSave(State& state, Subject& subject, Work save)
-{
-    for (auto each : state) {
-        (void)each;
-        WritePlain(subject.fresh, subject.bytes);
-        WritePlain(subject.freshReference, subject.bytes);
-        Delete(subject.fresh);
-        Delete(subject.freshReference);
-        bool saved = false;
-        TimeBeside(
-            state, [&] { saved = save(); }, [&] { WritePlain(subject.freshReference, subject.bytes); });
-        if (!saved || BytesOf(subject.fresh) != subject.bytes || BytesOf(subject.freshReference) != subject.bytes)
-            state.SkipWithError("wrong bytes");
-        Delete(subject.fresh);
-        Delete(subject.freshReference);
-    }
-}
 
 void Save(State& state, Subject& subject)
 {
-    const std::u16string path = Utf16(subject.fresh);
-    TimeSave(state, subject, [&] {
+    const auto save = [&, path = Utf16(subject.file.fresh)] {
         auto file = platform::File::Replace(path);
         return file && SaveDataBlock(*file, subject.block).status == Success && file->Close();
-    });
+    };
+    TimeSave(state, subject.file, save, [&] { subject.file.WriteReference(); });
 }
 
 void Output(State& state, Subject& subject)
 {
-    const std::u16string path = Utf16(subject.fresh);
+    const std::u16string path = Utf16(subject.file.fresh);
     clsQOR_File file;
     FillComponent(file, subject.shape);
-    TimeSave(state, subject, [&] { return file.OutputDataBlockFile(path) == Success; });
+    const auto save = [&] { return file.OutputDataBlockFile(path) == Success; };
+    TimeSave(state, subject.file, save, [&] { subject.file.WriteReference(); });
     file.Initialize();
 }
 
-bool LoadFile(Subject& subject, DataBlock& block, const ArraySelection& selection)
+bool LoadFile(const Subject& subject, DataBlock& block, const ArraySelection& selection)
 {
-    auto file = platform::File::OpenForReading(Utf16(subject.path));
+    auto file = platform::File::OpenForReading(Utf16(subject.file.path));
     return file && LoadDataBlock(*file, block, selection).status == Success;
 }
 
-// Loads beside a plain read into memory in use. The document's memory is new, but warm as above.
 void Load(State& state, Subject& subject)
 {
-    for (auto each : state) {
-        (void)each;
-        DataBlock block;
-        LoadFile(subject, block, ArraySelection::Everything());
-        InitializeDataBlockStorage(block);
-        bool loaded = false;
-        TimeBeside(
-            state, [&] { loaded = LoadFile(subject, block, ArraySelection::Everything()); },
-            [&] { ReadPlain(subject.path, subject.target); });
-        if (!loaded || Checksum(block) != subject.checksum) state.SkipWithError("wrong samples");
-        if (subject.target != subject.bytes) state.SkipWithError("wrong bytes");
-    }
+    DataBlock block;
+    const auto load = [&] { return LoadFile(subject, block, ArraySelection::Everything()); };
+    const auto empty = [&] { InitializeDataBlockStorage(block); };
+    TimeLoad(state, subject.file, load, empty, [&] { return Checksum(block) == subject.checksum; });
 }
 
-// By the published member, into the thread's document, which is empty before.
+// By the published member, into the thread's document.
 void Input(State& state, Subject& subject)
 {
-    const std::u16string path = Utf16(subject.path);
+    const std::u16string path = Utf16(subject.file.path);
     clsQOR_File file;
-    for (auto each : state) {
-        (void)each;
-        file.InputDataBlockFile(path);
-        file.Initialize();
-        ReturnStatus status = Failure;
-        TimeBeside(
-            state, [&] { status = file.InputDataBlockFile(path); }, [&] { ReadPlain(subject.path, subject.target); });
-        if (status == Failure || Checksum(modQOR_File().DataBlock) != subject.checksum)
-            state.SkipWithError("wrong samples");
-        file.Initialize();
-    }
+    const auto load = [&] { return file.InputDataBlockFile(path) == Success; };
+    const auto empty = [&] { file.Initialize(); };
+    TimeLoad(state, subject.file, load, empty, [&] { return Checksum(modQOR_File().DataBlock) == subject.checksum; });
 }
 
 // Only that trace's samples, or, for 0, no samples at all.

@@ -2,23 +2,9 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "MeasurementFile.h"
 
-#include <stdexcept>
+#include "ComponentErrors.h"
 
 namespace {
-
-// A Failure may come without a text, as for a file that cannot be opened.
-[[noreturn]] void ThrowFor(const clsQOR_File& file, const std::filesystem::path& path, const char* what)
-{
-    const std::u16string text = file.GetLastErrorString();
-    const std::string reason = text.empty() ? what : std::filesystem::path(text).string();
-    throw std::runtime_error(path.string() + ": " + reason);
-}
-
-// Members without a result report through ErrorStatus, which forgets the error once it was asked for.
-void Check(clsQOR_File& file, const std::filesystem::path& path)
-{
-    if (file.ErrorStatus() != NoError) ThrowFor(file, path, "not enough memory for its samples");
-}
 
 std::int32_t CountOf(const auto& list) { return static_cast<std::int32_t>(list.size()); }
 
@@ -39,7 +25,7 @@ void SaveMeasurement(const Measurement& measurement, const std::filesystem::path
     file.DataBlock_TraceDataFormat(measurement.format);
     file.DataBlock_NumberOfTraces(CountOf(measurement.traces));
     file.DataBlock_NumberOfSamples(measurement.traces.empty() ? 0 : CountOf(measurement.traces.front().samples));
-    Check(file, path);
+    Check(file, path, "not enough memory for its samples");
 
     std::int32_t number = 0; // traces and samples count from 1
     for (const MeasuredTrace& trace : measurement.traces) {
@@ -56,7 +42,7 @@ void SaveMeasurement(const Measurement& measurement, const std::filesystem::path
             }
         }
     }
-    Check(file, path);
+    Check(file, path, "not enough memory for its samples");
 
     if (file.OutputDataBlockFile(path.u16string()) == Failure) ThrowFor(file, path, "cannot be written");
 }
@@ -65,7 +51,8 @@ Measurement LoadMeasurement(const std::filesystem::path& path)
 {
     clsQOR_File file;
     if (file.InputDataBlockFile(path.u16string()) == Failure) ThrowFor(file, path, "cannot be opened");
-    Check(file, path); // a file that only lacks its end marker reads with Success and an error
+    // A file that only lacks its end marker reads with Success and an error.
+    Check(file, path, "is damaged");
 
     Measurement measurement;
     measurement.label = file.DataBlock_Label();

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// An impact test on a steel bar, simulated, analysed and filed: time histories (Data Block file and CSV), frequency
-// response functions and coherences. Reads its files back and compares, and compares the peaks of the frequency
-// responses with the natural frequencies that were put in. Exit status 1 when anything differs.
+// An impact test on a steel bar, simulated, analysed and filed, as all three kinds of documents: the bar's geometry
+// (Structure), time histories (Data Block, and CSV), frequency response functions and coherences (Data Blocks), and the
+// mode shapes found in them (Shape Table). Reads its files back and compares, and compares the modes with those that
+// were put in. Exit status 1 when anything differs.
+#include "BarModel.h"
+#include "GeometryFile.h"
+#include "ImpactAnalysis.h"
 #include "MeasurementFile.h"
-
-#include <fftw3.h>
+#include "ModeShapeFile.h"
 
 #include <algorithm>
 #include <array>
@@ -15,7 +18,6 @@
 #include <cstdio>
 #include <fstream>
 #include <iostream>
-#include <memory>
 #include <numbers>
 #include <numeric>
 #include <random>
@@ -23,90 +25,20 @@
 
 namespace {
 
-using Complex = std::complex<double>;
-using Record = std::vector<double>; // one channel over the whole recording
-
-constexpr double SamplesPerSecond = 1024;
-constexpr std::size_t FrameLength = 2048; // 2 s a strike, spectral lines 0.5 Hz apart
-constexpr double LineSpacing = SamplesPerSecond / FrameLength;
-constexpr std::size_t UsedLines = 801; // up to 400 Hz, the sampling rate over 2.56
-constexpr double PretriggerTime = 32 / SamplesPerSecond;
-constexpr double PulseTime = 0.0025;
-constexpr double WindowDampingInHz = 0.5;
 constexpr std::array StrikeAmplitudes = {82.0, 104.0, 67.0, 95.0}; // N; a hand never strikes twice the same
 constexpr double ForceNoise = 0.1;                                 // N
 constexpr double AccelerationNoise = 0.3;                          // m/s^2
 constexpr auto MeasuredAt = u"2026-01-15 10:00:00";
 
-// ---- the bar -----------------------------------------------------------------------------------------------
-
-// Bending of a slender uniform bar, both ends free. Eigenvalues and mode shapes: R. D. Blevins, Formulas for Natural
-// Frequency and Mode Shape, table 8-1. With these shapes every mode has the bar's own mass as its modal mass.
-namespace Bar {
-constexpr double Length = 1.05, Width = 0.040, Thickness = 0.008; // m
-constexpr double YoungsModulus = 210e9, Density = 7850;           // steel, N/m^2 and kg/m^3
-constexpr double Mass = Density * Length * Width * Thickness;
-constexpr double DampingRatio = 0.01;
-constexpr std::array Eigenvalues = {4.73004074, 7.85320462, 10.9956078, 14.1371655};
-constexpr std::array Points = {0.0, 0.25, 0.5, 0.75, 1.0}; // of the length; numbered from 1, struck at the first
-} // namespace Bar
-
-double NaturalFrequency(double eigenvalue)
+std::u16string NumberText(std::int32_t number)
 {
-    const double stiffnessOverMass =
-        std::sqrt(Bar::YoungsModulus * Bar::Thickness * Bar::Thickness / (12 * Bar::Density));
-    return eigenvalue * eigenvalue * stiffnessOverMass / (2 * std::numbers::pi * Bar::Length * Bar::Length);
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
 }
 
-double ModeShape(double eigenvalue, double point)
-{
-    const double ratio =
-        (std::cosh(eigenvalue) - std::cos(eigenvalue)) / (std::sinh(eigenvalue) - std::sin(eigenvalue));
-    const double x = eigenvalue * point;
-    return std::cosh(x) + std::cos(x) - ratio * (std::sinh(x) + std::sin(x));
-}
-
-double PulseForce(double time)
-{
-    return time < 0 || time > PulseTime ? 0 : std::sin(std::numbers::pi * time / PulseTime);
-}
-
-// Acceleration at a point after a half-sine pulse of 1 N at the first one, at rest before. Closed form: with the pole s
-// a mode's state z follows z' = s z + force, and its displacement is Im(z) / (mass * damped angular frequency).
-double UnitAcceleration(double point, double time)
-{
-    if (time < 0) return 0;
-    const double force = PulseForce(time);
-    const double rate = std::numbers::pi / PulseTime;
-    const double struckAt = Bar::Points.front();
-    double sum = force * (1 + 12 * (point - 0.5) * (struckAt - 0.5)) / Bar::Mass; // the bar as a rigid body
-    for (const double eigenvalue : Bar::Eigenvalues) {
-        const double angular = 2 * std::numbers::pi * NaturalFrequency(eigenvalue);
-        const double damped = angular * std::sqrt(1 - Bar::DampingRatio * Bar::DampingRatio);
-        const Complex pole(-Bar::DampingRatio * angular, damped);
-        const double inside = std::min(time, PulseTime);
-        const Complex atPulse =
-            (rate * std::exp(pole * inside) - rate * std::cos(rate * inside) - pole * std::sin(rate * inside)) /
-            (pole * pole + rate * rate);
-        const Complex state = atPulse * std::exp(pole * (time - inside));
-        const double shapes = ModeShape(eigenvalue, point) * ModeShape(eigenvalue, struckAt);
-        sum += shapes * (pole * (pole * state + force)).imag() / (Bar::Mass * damped);
-    }
-    return sum;
-}
+std::u16string PointName(std::size_t index) { return NumberText(static_cast<std::int32_t>(index) + 1) + u"Z"; }
 
 // ---- the recording -----------------------------------------------------------------------------------------
-
-std::u16string PointName(std::size_t index)
-{
-    const std::string digits = std::to_string(index + 1);
-    return std::u16string(digits.begin(), digits.end()) + u"Z";
-}
-
-struct Recording {
-    Record force;
-    std::vector<Record> accelerations; // by point
-};
 
 // Samples a signal of the time since the strike as a data logger does: 8 times faster than asked for, then through
 // a low-pass filter (a sinc under a Hann window) so that what lies above half the sampling rate cannot fold down.
@@ -151,93 +83,12 @@ Recording Strike(std::size_t strikes)
     };
 
     Recording recording;
-    recording.force = channel(ForceNoise, PulseForce);
+    recording.force = channel(ForceNoise, Bar::PulseForce);
     for (const double point : Bar::Points) {
         recording.accelerations.push_back(
-            channel(AccelerationNoise, [point](double time) { return UnitAcceleration(point, time); }));
+            channel(AccelerationNoise, [point](double time) { return Bar::UnitAcceleration(point, time); }));
     }
     return recording;
-}
-
-// ---- the analysis ------------------------------------------------------------------------------------------
-
-class Spectrum
-{
-public:
-    // Transforms one frame under the exponential window; the force also under a gate that cuts the noise behind
-    // the pulse. Force and response need the same exponential window, or their ratio would be off.
-    std::vector<Complex> Of(const Record& record, std::size_t frame, double gateTime)
-    {
-        for (std::size_t i = 0; i < FrameLength; ++i) {
-            const double time = static_cast<double>(i) / SamplesPerSecond;
-            const double window = std::exp(-2 * std::numbers::pi * WindowDampingInHz * time);
-            time_[i] = time > gateTime ? 0 : record[frame * FrameLength + i] * window;
-        }
-        fftw_execute(plan_.get());
-        std::vector<Complex> lines(UsedLines);
-        for (std::size_t i = 0; i < UsedLines; ++i) lines[i] = {lines_[i][0], lines_[i][1]};
-        return lines;
-    }
-
-private:
-    using Plan = std::unique_ptr<std::remove_pointer_t<fftw_plan>, decltype(&fftw_destroy_plan)>;
-
-    std::array<double, FrameLength> time_{};
-    std::array<fftw_complex, FrameLength / 2 + 1> lines_{};
-    Plan plan_{fftw_plan_dft_r2c_1d(FrameLength, time_.data(), lines_.data(), FFTW_ESTIMATE), fftw_destroy_plan};
-};
-
-struct Analysis {
-    std::vector<std::vector<Complex>> responses;  // H1 by point
-    std::vector<std::vector<Complex>> coherences; // by point, imaginary 0
-};
-
-Analysis Analyse(const Recording& recording)
-{
-    constexpr double forceGate = 2 * PretriggerTime;
-    const std::size_t frames = recording.force.size() / FrameLength;
-    const auto spectrum = std::make_unique<Spectrum>();
-
-    Analysis analysis;
-    for (const Record& acceleration : recording.accelerations) {
-        std::vector<Complex> cross(UsedLines);
-        std::vector<double> forcePower(UsedLines), responsePower(UsedLines);
-        for (std::size_t frame = 0; frame < frames; ++frame) {
-            const auto force = spectrum->Of(recording.force, frame, forceGate);
-            const auto response = spectrum->Of(acceleration, frame, FrameLength / SamplesPerSecond);
-            for (std::size_t i = 0; i < UsedLines; ++i) {
-                cross[i] += std::conj(force[i]) * response[i];
-                forcePower[i] += std::norm(force[i]);
-                responsePower[i] += std::norm(response[i]);
-            }
-        }
-        auto& h1 = analysis.responses.emplace_back(UsedLines);
-        auto& coherence = analysis.coherences.emplace_back(UsedLines);
-        for (std::size_t i = 0; i < UsedLines; ++i) {
-            h1[i] = cross[i] / forcePower[i];
-            coherence[i] = std::norm(cross[i]) / (forcePower[i] * responsePower[i]);
-        }
-    }
-    return analysis;
-}
-
-// The lines where the frequency responses, summed over the points, are the highest for 12 Hz around.
-std::vector<std::size_t> PeakLines(const std::vector<std::vector<Complex>>& responses)
-{
-    constexpr std::size_t neighbourhood = 24;
-    std::vector<double> sum(UsedLines);
-    for (const auto& response : responses) {
-        for (std::size_t i = 0; i < UsedLines; ++i) sum[i] += std::abs(response[i]);
-    }
-    const double threshold = 0.2 * *std::max_element(sum.begin(), sum.end());
-    std::vector<std::size_t> peaks;
-    for (std::size_t i = neighbourhood; i + neighbourhood < UsedLines; ++i) {
-        const auto around = sum.begin() + static_cast<std::ptrdiff_t>(i);
-        if (sum[i] > threshold && around == std::max_element(around - neighbourhood, around + neighbourhood + 1)) {
-            peaks.push_back(i);
-        }
-    }
-    return peaks;
 }
 
 // ---- the documents -----------------------------------------------------------------------------------------
@@ -313,29 +164,121 @@ void WriteCsv(const Measurement& measurement, const std::filesystem::path& path)
     if (!file) throw std::runtime_error(path.string() + ": cannot be written");
 }
 
+// Three rows of points along the bar, its width apart, with quads between: the measured points in the middle, the
+// struck one red.
+Geometry BarGeometry()
+{
+    constexpr std::int32_t red = 0x0000FF;
+    constexpr auto stations = static_cast<std::int32_t>(Bar::Points.size());
+    struct Row {
+        std::u16string name;
+        double y;
+    };
+    Geometry geometry;
+    geometry.label = u"Bar";
+    geometry.notes = u"Free-free steel bar; lengths in m";
+    for (const Row& row : {Row{u"Z", 0}, Row{u" front", -Bar::Width / 2}, Row{u" back", Bar::Width / 2}}) {
+        for (std::int32_t station = 0; station < stations; ++station) {
+            const double x = Bar::Points[static_cast<std::size_t>(station)] * Bar::Length;
+            const bool struck = geometry.points.empty();
+            geometry.points.push_back({NumberText(station + 1) + row.name,
+                                       {static_cast<float>(x), static_cast<float>(row.y), 0},
+                                       struck ? red : 0});
+        }
+    }
+    const std::int32_t front = stations;
+    const std::int32_t back = 2 * stations;
+    for (std::int32_t point = 1; point < stations; ++point) {
+        for (const std::int32_t row : {0, front, back}) geometry.lines.push_back({row + point, row + point + 1});
+        geometry.quads.push_back({front + point, front + point + 1, point + 1, point});
+        geometry.quads.push_back({point, point + 1, back + point + 1, back + point});
+    }
+    for (const std::int32_t end : {1, stations}) {
+        geometry.lines.push_back({front + end, end});
+        geometry.lines.push_back({end, back + end});
+    }
+    return geometry;
+}
+
+ModeShapes ShapesOf(const std::vector<Mode>& modes)
+{
+    ModeShapes shapes;
+    shapes.label = u"Bar, mode shapes";
+    shapes.notes = u"Fitted to the frequency responses, scaled to unit modal mass";
+    shapes.dateAndTime = MeasuredAt;
+    shapes.units = u"kg^-1/2";
+    shapes.type = ST_MeasurementIsUnitModalMass;
+    for (std::size_t point = 0; point < Bar::Points.size(); ++point) {
+        shapes.degreesOfFreedom.push_back(PointName(point));
+    }
+    for (const Mode& mode : modes) {
+        auto& shape = shapes.shapes.emplace_back();
+        shape.label = u"Bending mode " + NumberText(static_cast<std::int32_t>(shapes.shapes.size()));
+        shape.frequency = static_cast<float>(mode.frequency);
+        shape.damping = static_cast<float>(100 * mode.dampingRatio);
+        for (const Complex& value : mode.shape) shape.values.emplace_back(value);
+    }
+    return shapes;
+}
+
+void PrintFiled(const std::filesystem::path& path, const std::string& what, bool same)
+{
+    std::printf("%-20s %s, read back: %s\n", path.filename().string().c_str(), what.c_str(),
+                same ? "equal" : "DIFFERENT");
+}
+
 // True when the file gives back exactly what was written.
 bool SaveAndCompare(const Measurement& measurement, const std::filesystem::path& path)
 {
     SaveMeasurement(measurement, path);
     const bool same = LoadMeasurement(path) == measurement;
-    std::printf("%-20s %zu traces of %5zu samples, read back: %s\n", path.filename().string().c_str(),
-                measurement.traces.size(), measurement.traces.front().samples.size(), same ? "equal" : "DIFFERENT");
+    PrintFiled(path,
+               std::to_string(measurement.traces.size()) + " traces of " +
+                   std::to_string(measurement.traces.front().samples.size()) + " samples",
+               same);
     return same;
 }
 
-// True when the peaks are the bar's modes, each within one spectral line.
-bool ReportModes(const Analysis& analysis)
+bool SaveAndCompare(const Geometry& geometry, const std::filesystem::path& path)
 {
-    const auto peaks = PeakLines(analysis.responses);
-    std::printf("\n%zu peaks found, %zu modes put in\n", peaks.size(), Bar::Eigenvalues.size());
-    bool same = peaks.size() == Bar::Eigenvalues.size();
-    std::printf("mode   model Hz   measured Hz   coherence at 1Z\n");
-    for (std::size_t i = 0; i < std::min(peaks.size(), Bar::Eigenvalues.size()); ++i) {
-        const double model = NaturalFrequency(Bar::Eigenvalues[i]);
-        const double measured = static_cast<double>(peaks[i]) * LineSpacing;
-        std::printf("%4zu   %8.2f   %11.1f   %15.4f\n", i + 1, model, measured,
-                    analysis.coherences.front()[peaks[i]].real());
-        same = same && std::abs(measured - model) <= LineSpacing;
+    SaveGeometry(geometry, path);
+    const bool same = LoadGeometry(path) == geometry;
+    PrintFiled(path,
+               std::to_string(geometry.points.size()) + " points, " + std::to_string(geometry.lines.size()) +
+                   " lines, " + std::to_string(geometry.quads.size()) + " quads",
+               same);
+    return same;
+}
+
+// Modal assurance criterion: 1 where two shapes are the same but for a factor.
+double Mac(double eigenvalue, const std::vector<Complex>& shape)
+{
+    Complex product;
+    double model = 0;
+    double measured = 0;
+    for (std::size_t point = 0; point < shape.size(); ++point) {
+        const double value = Bar::ModeShape(eigenvalue, Bar::Points[point]);
+        product += value * shape[point];
+        model += value * value;
+        measured += std::norm(shape[point]);
+    }
+    return std::norm(product) / (model * measured);
+}
+
+// True when the modes are those of the bar: frequencies within half a percent, damping within a tenth, and shapes.
+bool ReportModes(const std::vector<Mode>& modes, const Analysis& analysis)
+{
+    std::printf("\n%zu modes found, %zu put in\n", modes.size(), Bar::Eigenvalues.size());
+    bool same = modes.size() == Bar::Eigenvalues.size();
+    std::printf("mode   model Hz   measured Hz   damping %%   shape MAC   coherence at 1Z\n");
+    for (std::size_t i = 0; i < std::min(modes.size(), Bar::Eigenvalues.size()); ++i) {
+        const Mode& mode = modes[i];
+        const double model = Bar::NaturalFrequency(Bar::Eigenvalues[i]);
+        const double mac = Mac(Bar::Eigenvalues[i], mode.shape);
+        std::printf("%4zu   %8.2f   %11.2f   %9.3f   %9.4f   %15.4f\n", i + 1, model, mode.frequency,
+                    100 * mode.dampingRatio, mac, analysis.coherences.front()[mode.line].real());
+        same = same && std::abs(mode.frequency - model) <= 0.005 * model &&
+               std::abs(mode.dampingRatio - Bar::DampingRatio) <= 0.1 * Bar::DampingRatio && mac > 0.99;
     }
     return same;
 }
@@ -357,15 +300,19 @@ try {
     const Analysis analysis = Analyse(recording);
     const Measurement histories = TimeHistories(recording);
 
+    bool good = SaveAndCompare(BarGeometry(), folder / "beam.str");
     WriteCsv(histories, folder / "beam_time.csv");
-    bool good = SaveAndCompare(histories, folder / "beam_time.blk");
+    good &= SaveAndCompare(histories, folder / "beam_time.blk");
     good &= SaveAndCompare(OverFrequency(u"Bar, frequency responses", DataFormat_RealImaginary, DB_MeasurementIsFRF,
                                          u"(m/s^2)/N", analysis.responses),
                            folder / "beam_frf.blk");
     good &= SaveAndCompare(
         OverFrequency(u"Bar, coherences", DataFormat_Real, DB_MeasurementIsCoherence, u"", analysis.coherences),
         folder / "beam_coherence.blk");
-    good &= ReportModes(analysis);
+    const std::vector<Mode> modes = FindModes(analysis);
+    SaveModeShapes(ShapesOf(modes), folder / "beam_modes.shp");
+    std::printf("%-20s %zu shapes of %zu DOFs\n", "beam_modes.shp", modes.size(), Bar::Points.size());
+    good &= ReportModes(modes, analysis);
     return good ? 0 : 1;
 } catch (const std::exception& error) {
     std::cerr << "beam_impact_test: " << error.what() << '\n';

@@ -262,6 +262,7 @@ ReturnStatus clsQOR_File::InputDataBlockFile(std::u16string_view FilePathName)
     if (!file) return Failure;
     DataBlock& block = Block();
     const LoadResult result = LoadDataBlock(*file, block);
+    if (result.version) state_->FileVersion = *result.version;
     if (result.status == Success) {
         state_->PublicDataFormat = block.DataFormat == RealFormat ? DataFormat_Real : DataFormat_RealImaginary;
         UpdateAllocationFlags();

@@ -41,7 +41,7 @@ struct clsQOR_File::State {
     qor::ShapeTableCounts ShapeCounts;
 
     qor::StructureTexts StructureTexts;
-    std::int16_t FileVersion = 0; // of the Structure file that was read last
+    std::int16_t FileVersion = 0; // of the file that was read last, of either kind
     // A Structure file that was refused stays open until the object opens another file.
     std::unique_ptr<qor::OpenRecordFile> RefusedFile;
 };

@@ -306,15 +306,14 @@ LoadResult LoadDataBlock(ByteSource& source, DataBlock& block, const ArraySelect
     try {
         InitializeDataBlockStorage(block);
         RecordReader file(source);
-        const auto version = FindPreamble(file);
-        if (!version || *version > DataBlock_Version) {
+        result.version = FindPreamble(file);
+        if (!result.version || *result.version > DataBlock_Version) {
             result.status = Failure;
             result.error = InputFile_ReadFail;
             return result;
         }
-        result.version = *version;
         SkipReservedWords(file);
-        result.status = DataBlockLoader(file, *version, block, selection, result).Load_Records();
+        result.status = DataBlockLoader(file, *result.version, block, selection, result).Load_Records();
     } catch (const std::bad_alloc&) {
         result.status = Failure;
         result.error = AllocationError;

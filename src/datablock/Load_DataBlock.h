@@ -10,6 +10,7 @@
 #include "fileio/Outcome.h"
 
 #include <functional>
+#include <optional>
 
 namespace qor {
 
@@ -31,7 +32,7 @@ struct ArraySelection {
 };
 
 struct LoadResult : Outcome {
-    std::int16_t version = 0;
+    std::optional<std::int16_t> version; // also of a file that was refused for it
     // First and last explicit X value, also where the X axis was not wanted; 0 without one.
     float firstX = 0;
     float lastX = 0;

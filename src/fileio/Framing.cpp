@@ -57,19 +57,6 @@ std::u16string LoadZeroTerminated(RecordReader& file)
     return text;
 }
 
-std::u16string LoadCounted(RecordReader& file)
-{
-    const std::int64_t count = file.GetInt32();
-    std::u16string text;
-    if (count <= 0) return text;
-    // No more room than the file has characters for, whatever the count claims.
-    const std::int64_t whole = std::min(count, file.BytesLeft() / 2);
-    text.reserve(static_cast<std::size_t>(whole));
-    for (std::int64_t i = 0; i < whole; ++i) text += static_cast<char16_t>(file.GetInt16());
-    if (whole < count) file.Skip(2 * (count - whole));
-    return text;
-}
-
 } // namespace
 
 std::u16string_view Trimmed(std::u16string_view text)
@@ -105,9 +92,22 @@ void SaveString(RecordWriter& file, std::u16string_view text)
     for (const char16_t unit : text) file.PutInt16(static_cast<std::int16_t>(unit));
 }
 
+std::u16string LoadCharacters(RecordReader& file, std::int32_t claimed)
+{
+    const std::int64_t count = claimed;
+    std::u16string text;
+    if (count <= 0) return text;
+    // No more room than the file has characters for, whatever the count claims.
+    const std::int64_t whole = std::min(count, file.BytesLeft() / 2);
+    text.reserve(static_cast<std::size_t>(whole));
+    for (std::int64_t i = 0; i < whole; ++i) text += static_cast<char16_t>(file.GetInt16());
+    if (whole < count) file.Skip(2 * (count - whole));
+    return text;
+}
+
 std::u16string LoadString(RecordReader& file, TextForm form)
 {
-    return form == TextForm::Counted ? LoadCounted(file) : LoadZeroTerminated(file);
+    return form == TextForm::Counted ? LoadCharacters(file, file.GetInt32()) : LoadZeroTerminated(file);
 }
 
 std::vector<std::uint8_t> StringToBytes(std::u16string_view text)

@@ -8,6 +8,7 @@
 #include "fileio/RecordReader.h"
 #include "fileio/RecordWriter.h"
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -39,8 +40,45 @@ std::optional<std::int16_t> FindPreamble(RecordReader& file);
 void SkipReservedWords(RecordReader& file);
 
 void SaveString(RecordWriter& file, std::u16string_view text);
+QOR_INLINE inline void SaveString(ItemWriter& items, std::u16string_view text)
+{
+    if (sizeof(char16_t) * text.size() > ItemWriter::LongestPiece) {
+        items.Directly([text](RecordWriter& file) { SaveString(file, text); });
+        return;
+    }
+    items.PutInt32(static_cast<std::int32_t>(text.size()));
+    std::byte* place = items.PutPiece(sizeof(char16_t) * text.size());
+    for (const char16_t unit : text) {
+        PutLittleEndian(std::exchange(place, place + sizeof unit), static_cast<std::uint16_t>(unit));
+    }
+}
 // Reads one text. At the end of the file: the characters that were read whole; a negative count: empty.
 std::u16string LoadString(RecordReader& file, TextForm form);
+// What stands behind the count of a text.
+std::u16string LoadCharacters(RecordReader& file, std::int32_t count);
+
+// Reads one text and hands it to store as a view; without memory of its own where the text is short, as most are.
+template <class Store>
+QOR_INLINE inline void LoadString(ItemReader& items, TextForm form, Store store)
+{
+    constexpr std::int32_t longest = ItemReader::LongestPiece / sizeof(char16_t);
+    if (form == TextForm::ZeroTerminated) {
+        store(items.Directly([](RecordReader& file) { return LoadString(file, TextForm::ZeroTerminated); }));
+        return;
+    }
+    const std::int32_t count = items.GetInt32();
+    const auto wanted = count >= 0 && count <= longest ? static_cast<std::size_t>(count) : 0;
+    const std::byte* const bytes = wanted > 0 ? items.GetPiece(sizeof(char16_t) * wanted) : nullptr;
+    if (!bytes) {
+        store(items.Directly([count](RecordReader& file) { return LoadCharacters(file, count); }));
+        return;
+    }
+    std::array<char16_t, longest> units;
+    for (std::size_t i = 0; i < wanted; ++i) {
+        units[i] = FromLittleEndian<std::uint16_t>(bytes + sizeof(char16_t) * i);
+    }
+    store(std::u16string_view(units.data(), wanted));
+}
 
 // The low byte of every character, zero bytes as blanks, and a terminating zero.
 std::vector<std::uint8_t> StringToBytes(std::u16string_view text);

@@ -41,24 +41,38 @@ struct Dropped {
     std::int64_t bytes;
 };
 
+// Of a row that binds readers only: older files have it, nobody writes it any more.
+struct ReadOnlyRow {};
+inline constexpr ReadOnlyRow ReadOnly;
+
+// Whether a row is written, which is asked of the context: the record itself, or the document that it belongs to.
+// Readers take a tag wherever it stands.
+template <class Context>
+class When
+{
+public:
+    constexpr When() = default;
+    constexpr When(bool (*condition)(const Context&)) : condition_(condition) {}
+    constexpr When(ReadOnlyRow) : ever_(false) {}
+
+    constexpr bool Ever() const { return ever_; }
+    constexpr bool Holds(const Context& context) const { return ever_ && condition_(context); }
+
+private:
+    bool ever_ = true;
+    bool (*condition_)(const Context&) = [](const Context&) { return true; };
+};
+
 // One row. Step names what takes more than a copy; the record's writer and reader each have a line for it.
-// Texts are written trimmed, and not at all when nothing is left of them. Whether a row is written is asked of
-// the context: the record itself, or the document that it belongs to.
+// Texts are written trimmed, and not at all when nothing is left of them.
 template <class Record, class Step, class Context = Record>
 struct Field {
     std::int16_t tag;
     std::variant<std::int16_t Record::*, std::int32_t Record::*, float Record::*, std::u16string Record::*, Kept16,
                  Kept32, KeptAgain, Constant16, Dropped, Step>
         value;
-    bool (*writtenWhen)(const Context&) = [](const Context&) { return true; };
+    When<Context> written{};
 };
-
-// Binds the writer only: a reader takes a tag wherever it stands.
-template <class Context>
-constexpr bool ReadOnly(const Context&)
-{
-    return false;
-}
 
 // The highest tag that any table has.
 inline constexpr std::int16_t HighestFieldTag = 1280;
@@ -68,7 +82,7 @@ template <const auto& Fields>
 inline constexpr std::size_t WrittenRows = [] {
     std::size_t rows = 0;
     for (std::size_t row = 0; row < std::size(Fields); ++row) {
-        if (!std::holds_alternative<Dropped>(Fields[row].value)) rows = row + 1;
+        if (!std::holds_alternative<Dropped>(Fields[row].value) && Fields[row].written.Ever()) rows = row + 1;
     }
     return rows;
 }();
@@ -141,12 +155,12 @@ auto& KeptValue(Record& record, std::int16_t tag)
 }
 
 // Writes a text field, trimmed, unless nothing is left of it.
-inline void Save_Text(ItemWriter& items, std::int16_t tag, std::u16string_view text)
+QOR_INLINE inline void Save_Text(ItemWriter& items, std::int16_t tag, std::u16string_view text)
 {
     const std::u16string_view trimmed = Trimmed(text);
     if (trimmed.empty()) return;
     items.PutInt16(tag);
-    items.Directly([&](RecordWriter& file) { SaveString(file, trimmed); });
+    SaveString(items, trimmed);
 }
 
 // Writes a record: type code, length, the fields in row order, closing tag. A step is written by
@@ -155,12 +169,14 @@ inline void Save_Text(ItemWriter& items, std::int16_t tag, std::u16string_view t
 template <const auto& Fields, class Record, class Context, class SaveStep>
 void Save_Record(RecordWriter& file, std::int16_t type, const Record& record, const Context& context, SaveStep saveStep)
 {
-    const FilePosition lengthField = file.BeginRecord(type);
+    const FilePosition lengthField = file.Position() + sizeof type;
     {
         ItemWriter items(file);
-        const auto save = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row>, const auto& from) {
+        items.PutInt16(type);
+        items.PutInt32(static_cast<std::int32_t>(lengthField)); // its own position until the record is closed
+        const auto save = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row>, const auto& from) QOR_INLINE {
             static constexpr const auto& field = Fields[Row];
-            if (!field.writtenWhen(context)) return;
+            if (!field.written.Holds(context)) return;
             constexpr auto value = std::get<field.value.index()>(field.value);
             using Value = std::remove_const_t<decltype(value)>;
             if constexpr (std::is_same_v<Value, Dropped>) {
@@ -182,7 +198,7 @@ void Save_Record(RecordWriter& file, std::int16_t type, const Record& record, co
                 if constexpr (std::is_same_v<Value, KeptAgain>) items.PutRaw32(KeptValue(from, value.tag));
             }
         };
-        const auto saveAll = [&]<std::size_t... Row>(std::index_sequence<Row...>)
+        const auto saveAll = [&]<std::size_t... Row>(std::index_sequence<Row...>) QOR_INLINE
         {
             (save(std::integral_constant<std::size_t, Row>(), record), ...);
         };
@@ -208,9 +224,10 @@ template <const auto& Fields, class GetRecord, class LoadStep>
 RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetRecord record, LoadStep loadStep)
 {
     using Record = std::remove_reference_t<decltype(record())>;
-    const FilePosition end = file.GetRecordEnd();
+    const FilePosition behindLength = file.Position() + 4;
     ItemReader items(file);
-    const auto load = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row>, auto& into) -> bool {
+    const FilePosition end = behindLength + items.GetInt32();
+    const auto load = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row>, auto& into) QOR_INLINE -> bool {
         static constexpr const auto& field = Fields[Row];
         constexpr auto value = std::get<field.value.index()>(field.value);
         using Value = std::remove_const_t<decltype(value)>;
@@ -219,7 +236,7 @@ RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetR
         if constexpr (std::is_same_v<Value, std::int32_t Record::*>) into.*value = items.GetInt32();
         if constexpr (std::is_same_v<Value, float Record::*>) into.*value = items.GetFloat();
         if constexpr (std::is_same_v<Value, std::u16string Record::*>) {
-            into.*value = items.Directly([&](RecordReader& reader) { return LoadString(reader, form); });
+            LoadString(items, form, [&](std::u16string_view text) QOR_INLINE { into.*value = text; });
         }
         if constexpr (std::is_same_v<Value, Constant16>) items.GetInt16();
         if constexpr (std::is_same_v<Value, Dropped>) {
@@ -233,10 +250,10 @@ RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetR
         if constexpr (std::is_same_v<Value, KeptAgain>) KeptValue(into, value.tag) = items.GetRaw32();
         return true;
     };
-    const auto loadRow = [&]<std::size_t... Row>(int row, std::index_sequence<Row...>)
+    const auto loadRow = [&]<std::size_t... Row>(int row, std::index_sequence<Row...>) QOR_INLINE
     {
         bool goesOn = true;
-        const auto loadIf = [&](auto each) {
+        const auto loadIf = [&](auto each) QOR_INLINE {
             if (row != static_cast<int>(each())) return false;
             goesOn = load(each, record());
             return true;
@@ -245,14 +262,14 @@ RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetR
         return goesOn;
     };
     std::int16_t tag = 0;
-    const auto nextTag = [&] { return !items.AtEnd() && items.GetTag(tag); };
+    const auto nextTag = [&]() QOR_INLINE { return items.GetTag(tag); };
     // Takes the fields that follow one another in writing order, which is nearly always all of them, without
     // looking a tag up. False when the record's reading has come to its end.
     RecordEnd cutOff = RecordEnd::EndOfFile;
     // A field that fails still takes the next tag with it, so that what is read behind the record stands where it
     // always did.
-    const auto stop = [&] { return nextTag() ? RecordEnd::Stopped : RecordEnd::EndOfFile; };
-    const auto loadInOrder = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row> each) {
+    const auto stop = [&]() QOR_INLINE { return nextTag() ? RecordEnd::Stopped : RecordEnd::EndOfFile; };
+    const auto loadInOrder = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row> each) QOR_INLINE {
         if (tag != Fields[Row].tag) return true;
         if (!load(each, record())) {
             cutOff = stop();
@@ -260,7 +277,7 @@ RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetR
         }
         return nextTag();
     };
-    const auto loadAllInOrder = [&]<std::size_t... Row>(std::index_sequence<Row...>)
+    const auto loadAllInOrder = [&]<std::size_t... Row>(std::index_sequence<Row...>) QOR_INLINE
     {
         return (loadInOrder(std::integral_constant<std::size_t, Row>()) && ...);
     };

@@ -15,7 +15,10 @@ constexpr std::size_t LargestFill = std::size_t{128} << 10;
 } // namespace
 
 RecordReader::RecordReader(ByteSource& source)
-    : source_(source), size_(static_cast<std::int64_t>(source.Size())), buffer_(LargestFill), nextFill_(SmallestFill)
+    : source_(source),
+      size_(static_cast<std::int64_t>(source.Size())),
+      buffer_(std::make_unique_for_overwrite<std::byte[]>(LargestFill)),
+      nextFill_(SmallestFill)
 {}
 
 std::int64_t RecordReader::BytesLeft() const { return std::max<std::int64_t>(0, size_ - (Position() - 1)); }
@@ -27,7 +30,7 @@ void RecordReader::Fill()
     readsOn_ = true;
     bufferStart_ = Position();
     used_ = 0;
-    buffered_ = source_.ReadAt(static_cast<std::uint64_t>(bufferStart_ - 1), std::span(buffer_).first(nextFill_));
+    buffered_ = source_.ReadAt(static_cast<std::uint64_t>(bufferStart_ - 1), {buffer_.get(), nextFill_});
 }
 
 void RecordReader::GetBytes(std::span<std::byte> target)
@@ -45,25 +48,12 @@ void RecordReader::GetBytes(std::span<std::byte> target)
         if (used_ == buffered_) Fill();
         const std::size_t got = std::min(target.size() - done, buffered_ - used_);
         if (got == 0) break;
-        std::memcpy(target.data() + done, buffer_.data() + used_, got);
+        std::memcpy(target.data() + done, buffer_.get() + used_, got);
         used_ += got;
         done += got;
     }
     std::fill(target.begin() + static_cast<std::ptrdiff_t>(done), target.end(), std::byte{0});
     atEnd_ = done < target.size();
-}
-
-std::span<const std::byte> RecordReader::Ready(std::size_t bytes)
-{
-    if (buffered_ - used_ < bytes) Fill();
-    return std::span<const std::byte>(buffer_).first(buffered_).subspan(used_);
-}
-
-void RecordReader::Take(std::size_t bytes)
-{
-    if (bytes == 0) return;
-    used_ += bytes;
-    atEnd_ = false;
 }
 
 void RecordReader::MoveTo(FilePosition position)

@@ -6,13 +6,16 @@
 #pragma once
 
 #include "platform/ByteStream.h"
+#include "platform/Inline.h"
 
 #include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
-#include <vector>
+#include <tuple>
+#include <utility>
 
 namespace qor {
 
@@ -23,11 +26,12 @@ inline constexpr FilePosition LastPosition = 2147483647;
 template <class Unsigned>
 Unsigned FromLittleEndian(const std::byte* bytes)
 {
-    Unsigned value = 0;
-    for (std::size_t i = 0; i < sizeof value; ++i) {
-        value = static_cast<Unsigned>(value | (std::to_integer<std::uint32_t>(bytes[i]) << (8 * i)));
+    // In one expression, which compilers turn into one load.
+    return [bytes]<std::size_t... Place>(std::index_sequence<Place...>)
+    {
+        return static_cast<Unsigned>(((std::to_integer<std::uint32_t>(bytes[Place]) << (8 * Place)) | ...));
     }
-    return value;
+    (std::make_index_sequence<sizeof(Unsigned)>());
 }
 
 class RecordReader
@@ -53,10 +57,20 @@ public:
     }
     void GetBytes(std::span<std::byte> target);
 
-    // The bytes that stand ready from the position on, at least so many unless the file ends, 4096 at most; those
-    // that were used are taken with Take. See ItemReader.
-    std::span<const std::byte> Ready(std::size_t bytes);
-    void Take(std::size_t bytes);
+    // Takes so many of the bytes that stood ready, and returns those that stand ready then: at least so many unless the
+    // file ends, 4096 at most. See ItemReader.
+    std::span<const std::byte> Ready(std::size_t taken, std::size_t least)
+    {
+        Take(taken);
+        if (buffered_ - used_ < least) Fill();
+        return {buffer_.get() + used_, buffered_ - used_};
+    }
+    void Take(std::size_t bytes)
+    {
+        if (bytes == 0) return;
+        used_ += bytes;
+        atEnd_ = false;
+    }
 
     // Moves to any position, also behind the end of the file.
     void MoveTo(FilePosition position);
@@ -74,7 +88,7 @@ private:
     Unsigned GetUnsigned()
     {
         if (buffered_ - used_ >= sizeof(Unsigned)) {
-            const auto value = FromLittleEndian<Unsigned>(buffer_.data() + used_);
+            const auto value = FromLittleEndian<Unsigned>(buffer_.get() + used_);
             used_ += sizeof(Unsigned);
             atEnd_ = false;
             return value;
@@ -88,7 +102,7 @@ private:
     ByteSource& source_;
     std::int64_t size_;
     bool atEnd_ = false;
-    std::vector<std::byte> buffer_;
+    std::unique_ptr<std::byte[]> buffer_;
     FilePosition bufferStart_ = 1; // position of the buffer's first byte
     std::size_t buffered_ = 0;     // bytes that the buffer holds
     std::size_t used_ = 0;         // and how many of them stand before the position
@@ -96,70 +110,99 @@ private:
     std::size_t nextFill_;         // bytes to ask for next time
 };
 
-// Reads the items of one record without a call for each. It is meant to live in registers: make one, get items,
-// and let it go before anything else reads from the file.
+// Reads the items of one record without a call for each. It is meant to live in registers, so that nothing may take
+// its address: make one, get items, and let it go before anything else reads from the file.
 class ItemReader
 {
 public:
-    explicit ItemReader(RecordReader& file) : file_(file), ready_(file.Ready(Least)) {}
-    ~ItemReader() { file_.Take(used_); }
+    QOR_INLINE explicit ItemReader(RecordReader& file) : file_(file) { Refill(); }
+    QOR_INLINE ~ItemReader() { file_.Take(Used()); }
     ItemReader(const ItemReader&) = delete;
     ItemReader& operator=(const ItemReader&) = delete;
 
-    std::int16_t GetInt16() { return static_cast<std::int16_t>(Get<std::uint16_t>()); }
-    std::int32_t GetInt32() { return static_cast<std::int32_t>(Get<std::uint32_t>()); }
-    std::uint32_t GetRaw32() { return Get<std::uint32_t>(); }
-    float GetFloat() { return std::bit_cast<float>(GetRaw32()); }
+    QOR_INLINE std::int16_t GetInt16() { return static_cast<std::int16_t>(Get<std::uint16_t>()); }
+    QOR_INLINE std::int32_t GetInt32() { return static_cast<std::int32_t>(Get<std::uint32_t>()); }
+    QOR_INLINE std::uint32_t GetRaw32() { return Get<std::uint32_t>(); }
+    QOR_INLINE float GetFloat() { return std::bit_cast<float>(GetRaw32()); }
     // As for the file.
-    bool AtEnd() const { return used_ == 0 && file_.AtEnd(); }
-    bool GetTag(std::int16_t& tag)
+    QOR_INLINE bool AtEnd() const { return next_ == start_ && file_.AtEnd(); }
+    // Reads a tag, unless the file ended before or ends inside it.
+    QOR_INLINE bool GetTag(std::int16_t& tag)
     {
+        const bool standsReady = Left() >= sizeof tag;
+        if (!standsReady && AtEnd()) return false;
         tag = GetInt16();
-        return !AtEnd();
+        return standsReady || !AtEnd();
+    }
+    // Several 32-bit values that stand together.
+    template <class... Values>
+    QOR_INLINE void GetAll(Values&... values)
+    {
+        if (const std::byte* piece = GetPiece((sizeof(Values) + ...))) {
+            ((values =
+                  std::bit_cast<Values>(FromLittleEndian<std::uint32_t>(std::exchange(piece, piece + sizeof(Values))))),
+             ...);
+        } else {
+            ((values = std::bit_cast<Values>(GetRaw32())), ...);
+        }
+    }
+    template <class Value, std::size_t Count>
+    QOR_INLINE void GetAll(std::array<Value, Count>& values)
+    {
+        std::apply([this](auto&... each) QOR_INLINE { GetAll(each...); }, values);
+    }
+    // The longest piece.
+    static constexpr std::size_t LongestPiece = 256;
+    // So many bytes in one piece; nothing, and nothing read, where the file ends before.
+    QOR_INLINE const std::byte* GetPiece(std::size_t bytes)
+    {
+        if (Left() < bytes) Refill();
+        if (Left() < bytes) return nullptr;
+        next_ += bytes;
+        return next_ - bytes;
     }
 
     // The file itself, standing behind what was got; for everything that is not an item.
     template <class Read>
-    auto Directly(Read read)
+    QOR_INLINE auto Directly(Read read)
     {
-        file_.Take(used_);
-        used_ = 0;
-        ready_ = {};
+        file_.Take(Used());
+        start_ = next_ = end_ = nullptr;
         return read(file_);
     }
 
 private:
-    static constexpr std::size_t Least = 256;
+    QOR_INLINE std::size_t Used() const { return static_cast<std::size_t>(next_ - start_); }
+    QOR_INLINE std::size_t Left() const { return static_cast<std::size_t>(end_ - next_); }
+
+    QOR_INLINE void Refill()
+    {
+        const std::span<const std::byte> ready = file_.Ready(Used(), LongestPiece);
+        start_ = next_ = ready.data();
+        end_ = start_ + ready.size();
+    }
 
     template <class Unsigned>
-    Unsigned Get()
+    QOR_INLINE Unsigned Get()
     {
-        if (ready_.size() - used_ < sizeof(Unsigned)) {
-            file_.Take(used_);
-            used_ = 0;
-            ready_ = file_.Ready(Least);
-            if (ready_.size() < sizeof(Unsigned)) return AtFileEnd<Unsigned>();
+        if (Left() < sizeof(Unsigned)) [[unlikely]] {
+            Refill();
+            if (Left() < sizeof(Unsigned)) {
+                // The file ends inside the item.
+                return Directly([](RecordReader& file) {
+                    return static_cast<Unsigned>(sizeof(Unsigned) == 2 ? file.GetInt16() : file.GetInt32());
+                });
+            }
         }
-        const auto value = FromLittleEndian<Unsigned>(ready_.data() + used_);
-        used_ += sizeof value;
+        const auto value = FromLittleEndian<Unsigned>(next_);
+        next_ += sizeof value;
         return value;
     }
 
-    // The file ends inside the item.
-    template <class Unsigned>
-    Unsigned AtFileEnd()
-    {
-        ready_ = {};
-        if constexpr (sizeof(Unsigned) == 2) {
-            return static_cast<Unsigned>(file_.GetInt16());
-        } else {
-            return file_.GetRaw32();
-        }
-    }
-
     RecordReader& file_;
-    std::span<const std::byte> ready_;
-    std::size_t used_ = 0;
+    const std::byte* start_ = nullptr; // what stood ready
+    const std::byte* next_ = nullptr;
+    const std::byte* end_ = nullptr;
 };
 
 } // namespace qor

@@ -8,19 +8,16 @@
 #include <cstring>
 
 namespace qor {
-namespace {
 
-constexpr std::size_t BufferSize = std::size_t{256} << 10;
-
-} // namespace
-
-RecordWriter::RecordWriter(ByteSink& sink) : sink_(sink), buffer_(BufferSize) {}
+RecordWriter::RecordWriter(ByteSink& sink)
+    : sink_(sink), buffer_(std::make_unique_for_overwrite<std::byte[]>(BufferSize))
+{}
 
 bool RecordWriter::Flush()
 {
     if (!failed_ && buffered_ > 0) {
         const auto offset = static_cast<std::uint64_t>(position_ - 1) - buffered_;
-        failed_ = !sink_.WriteAt(offset, std::span(buffer_).first(buffered_));
+        failed_ = !sink_.WriteAt(offset, {buffer_.get(), buffered_});
     }
     buffered_ = 0;
     return !failed_;
@@ -30,37 +27,21 @@ void RecordWriter::PutBytes(std::span<const std::byte> bytes)
 {
     if (failed_) return;
     if (!FitsPositions(bytes.size())) return;
-    if (buffered_ + bytes.size() > buffer_.size() && !Flush()) return;
-    if (bytes.size() > buffer_.size()) {
+    if (buffered_ + bytes.size() > BufferSize && !Flush()) return;
+    if (bytes.size() > BufferSize) {
         // Arrays go out in one piece, past the buffer.
         failed_ = !sink_.WriteAt(static_cast<std::uint64_t>(position_ - 1), bytes);
     } else if (!bytes.empty()) {
-        std::memcpy(buffer_.data() + buffered_, bytes.data(), bytes.size());
+        std::memcpy(buffer_.get() + buffered_, bytes.data(), bytes.size());
         buffered_ += bytes.size();
     }
     position_ += static_cast<FilePosition>(bytes.size());
 }
 
-// Whether so many bytes still have 32-bit positions; the writer fails where not.
-bool RecordWriter::FitsPositions(std::size_t bytes)
+void RecordWriter::RunOut()
 {
-    if (static_cast<std::uint64_t>(LastPosition - (position_ - 1)) >= bytes) return true;
     Flush();
     failed_ = true;
-    return false;
-}
-
-std::span<std::byte> RecordWriter::Room(std::size_t bytes)
-{
-    if (buffer_.size() - buffered_ < bytes) Flush();
-    return std::span(buffer_).subspan(buffered_);
-}
-
-void RecordWriter::Commit(std::size_t bytes)
-{
-    if (failed_ || !FitsPositions(bytes)) return;
-    buffered_ += bytes;
-    position_ += static_cast<FilePosition>(bytes);
 }
 
 void RecordWriter::PutZeros(std::int64_t bytes)
@@ -99,7 +80,7 @@ void RecordWriter::PatchRecordLength(FilePosition lengthField)
     const auto bytes = LittleEndian(static_cast<std::uint32_t>(position_ - (lengthField + 4)));
     const FilePosition bufferStart = position_ - static_cast<FilePosition>(buffered_);
     if (lengthField >= bufferStart) { // items are never cut by the buffer's start
-        std::memcpy(buffer_.data() + (lengthField - bufferStart), bytes.data(), bytes.size());
+        std::memcpy(buffer_.get() + (lengthField - bufferStart), bytes.data(), bytes.size());
     } else {
         failed_ = !sink_.WriteAt(static_cast<std::uint64_t>(lengthField - 1), bytes);
     }

@@ -11,6 +11,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <memory>
 
 namespace qor {
 
@@ -20,6 +21,13 @@ std::array<std::byte, sizeof(Unsigned)> LittleEndian(Unsigned value)
     std::array<std::byte, sizeof(Unsigned)> bytes;
     for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::byte>((value >> (8 * i)) & 0xFF);
     return bytes;
+}
+
+template <class Unsigned>
+void PutLittleEndian(std::byte* place, Unsigned value)
+{
+    const auto bytes = LittleEndian(value);
+    std::memcpy(place, bytes.data(), bytes.size());
 }
 
 class RecordWriter
@@ -42,63 +50,96 @@ public:
     // Hands what is still buffered to the sink. False when any write failed.
     bool Flush();
 
-    // Room in the buffer for at least so many bytes, 4096 at most; what was put there is taken with Commit. See
-    // ItemWriter.
-    std::span<std::byte> Room(std::size_t bytes);
-    void Commit(std::size_t bytes);
+    // Takes so many bytes that were put into the room of before, and returns new room in the buffer, for least bytes at
+    // least; for up to 256 bytes. See ItemWriter.
+    std::span<std::byte> Room(std::size_t put, std::size_t least)
+    {
+        Commit(put);
+        if (BufferSize - buffered_ < least) Flush();
+        return std::span(buffer_.get(), BufferSize).subspan(buffered_);
+    }
+    void Commit(std::size_t put)
+    {
+        if (failed_ || !FitsPositions(put)) return;
+        buffered_ += put;
+        position_ += static_cast<FilePosition>(put);
+    }
 
 private:
     template <class Unsigned>
     void PutUnsigned(Unsigned value);
-    bool FitsPositions(std::size_t bytes);
+    // Whether so many bytes still have 32-bit positions; the writer fails where not.
+    bool FitsPositions(std::size_t bytes)
+    {
+        if (static_cast<std::uint64_t>(LastPosition - (position_ - 1)) >= bytes) return true;
+        RunOut();
+        return false;
+    }
+    void RunOut();
+
+    static constexpr std::size_t BufferSize = std::size_t{256} << 10;
 
     ByteSink& sink_;
     FilePosition position_ = 1;
     bool failed_ = false;
-    std::vector<std::byte> buffer_;
+    std::unique_ptr<std::byte[]> buffer_;
     std::size_t buffered_ = 0; // the buffer's bytes stand just before the position
 };
 
-// Writes the items of one record without a call for each. It is meant to live in registers: make one, put items,
-// and let it go before anything else writes to the file.
+// Writes the items of one record without a call for each. It is meant to live in registers, so that nothing may take
+// its address: make one, put items, and let it go before anything else writes to the file.
 class ItemWriter
 {
 public:
-    explicit ItemWriter(RecordWriter& file) : file_(file), room_(file.Room(Least)) {}
-    ~ItemWriter() { file_.Commit(used_); }
+    QOR_INLINE explicit ItemWriter(RecordWriter& file) : file_(file) { Refill(); }
+    QOR_INLINE ~ItemWriter() { file_.Commit(Used()); }
     ItemWriter(const ItemWriter&) = delete;
     ItemWriter& operator=(const ItemWriter&) = delete;
 
-    void PutInt16(std::int16_t value) { Put(static_cast<std::uint16_t>(value)); }
-    void PutInt32(std::int32_t value) { Put(static_cast<std::uint32_t>(value)); }
-    void PutRaw32(std::uint32_t value) { Put(value); }
-    void PutFloat(float value) { Put(std::bit_cast<std::uint32_t>(value)); }
-
-    // The file itself, everything put before handed over; for texts, arrays and records inside the record.
-    template <class Write>
-    void Directly(Write write)
+    QOR_INLINE void PutInt16(std::int16_t value) { Put(static_cast<std::uint16_t>(value)); }
+    QOR_INLINE void PutInt32(std::int32_t value) { Put(static_cast<std::uint32_t>(value)); }
+    QOR_INLINE void PutRaw32(std::uint32_t value) { Put(value); }
+    QOR_INLINE void PutFloat(float value) { Put(std::bit_cast<std::uint32_t>(value)); }
+    // The longest piece.
+    static constexpr std::size_t LongestPiece = 256;
+    // A place for so many bytes, which are all to be put there.
+    QOR_INLINE std::byte* PutPiece(std::size_t bytes)
     {
-        file_.Commit(used_);
+        if (Left() < bytes) Refill();
+        next_ += bytes;
+        return next_ - bytes;
+    }
+
+    // The file itself, everything put before handed over; for long texts, arrays and records inside the record.
+    template <class Write>
+    QOR_INLINE void Directly(Write write)
+    {
+        file_.Commit(Used());
         write(file_);
-        room_ = file_.Room(Least);
-        used_ = 0;
+        start_ = next_ = end_ = nullptr;
     }
 
 private:
-    static constexpr std::size_t Least = 256;
+    QOR_INLINE std::size_t Used() const { return static_cast<std::size_t>(next_ - start_); }
+    QOR_INLINE std::size_t Left() const { return static_cast<std::size_t>(end_ - next_); }
+
+    QOR_INLINE void Refill()
+    {
+        const std::span<std::byte> room = file_.Room(Used(), LongestPiece);
+        start_ = next_ = room.data();
+        end_ = start_ + room.size();
+    }
 
     template <class Unsigned>
-    void Put(Unsigned value)
+    QOR_INLINE void Put(Unsigned value)
     {
-        if (room_.size() - used_ < sizeof value) Directly([](RecordWriter&) {});
-        const auto bytes = LittleEndian(value);
-        std::memcpy(room_.data() + used_, bytes.data(), bytes.size());
-        used_ += sizeof value;
+        PutLittleEndian(PutPiece(sizeof value), value);
     }
 
     RecordWriter& file_;
-    std::span<std::byte> room_;
-    std::size_t used_ = 0;
+    std::byte* start_ = nullptr; // the room
+    std::byte* next_ = nullptr;
+    std::byte* end_ = nullptr;
 };
 
 } // namespace qor

@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <limits>
+#include <new>
 
 namespace qor {
 namespace {
@@ -129,9 +130,13 @@ bool IsWritable(const ShapeTableCounts& counts)
 ReturnStatus SaveShapeTable(ByteSink& sink, const ShapeTable& table, const ShapeTableCounts& counts,
                             const ShapeTableTexts& texts)
 {
-    RecordWriter file(sink);
-    const ReturnStatus status = Save(file, table, counts, texts);
-    return file.Flush() ? status : Failure;
+    try {
+        RecordWriter file(sink);
+        const ReturnStatus status = Save(file, table, counts, texts);
+        return file.Flush() ? status : Failure;
+    } catch (const std::bad_alloc&) {
+        return Failure;
+    }
 }
 
 } // namespace qor

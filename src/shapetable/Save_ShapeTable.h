@@ -13,7 +13,8 @@ namespace qor {
 bool IsWritable(const ShapeTableCounts& counts);
 
 // Writes the whole table. Failure, with what came before left written, when a write fails, when the counts go
-// beyond the arrays, when a measurement type does not fit 16 bits, and when a magnitude or phase is infinite.
+// beyond the arrays, when a measurement type does not fit 16 bits, when a magnitude or phase is infinite, and when
+// there is no memory to write with.
 ReturnStatus SaveShapeTable(ByteSink& sink, const ShapeTable& table, const ShapeTableCounts& counts,
                             const ShapeTableTexts& texts);
 

@@ -2,9 +2,6 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "shapetable/ShapeTable.h"
 
-#include "platform/Memory.h"
-
-#include <algorithm>
 #include <new>
 
 namespace qor {
@@ -12,18 +9,31 @@ namespace {
 
 constexpr std::int64_t LargestArray = 2147483647;
 
-bool FitsOneArray(std::int64_t elements, std::size_t width)
+// Whether each array that the counts ask for can be one, and all together fit the memory.
+bool Fits(const ShapeTableCounts& counts, std::uint64_t memory)
 {
-    const std::uint64_t most = std::min<std::uint64_t>(LargestArray, platform::UsableMemory());
-    return static_cast<std::uint64_t>(elements) <= most / width;
+    struct Array {
+        std::int64_t elements;
+        std::int64_t width;
+    };
+    const Array arrays[] = {{counts.NumberOfDOFs, sizeof(DOF)},
+                            {counts.NumberOfShapes, sizeof(Shape)},
+                            {std::int64_t{counts.NumberOfShapes} * counts.NumberOfDOFs, sizeof(ShapeValue)}};
+    std::uint64_t bytes = 0;
+    for (const auto& [elements, width] : arrays) {
+        if (elements > LargestArray / width) return false;
+        bytes += static_cast<std::uint64_t>(elements * width);
+    }
+    return bytes <= memory;
 }
 
-template <class Record>
-bool ResizeRecords(std::vector<Record>& records, std::int32_t count)
+template <class T>
+bool Resize(std::vector<T>& elements, std::size_t count)
 {
-    if (!FitsOneArray(count, sizeof(Record))) return false;
     try {
-        records.resize(static_cast<std::size_t>(count));
+        const bool shrinks = count < elements.size();
+        elements.resize(count);
+        if (shrinks) elements.shrink_to_fit();
         return true;
     } catch (const std::bad_alloc&) {
         return false;
@@ -71,12 +81,7 @@ std::optional<ShapeMatrix> ShapeMatrix::Zeros(std::int32_t shapes, std::int32_t 
 
 bool ShapeMatrix::ResizeShapes(std::int32_t shapes)
 {
-    if (!FitsOneArray(std::int64_t{shapes} * dofs_, sizeof(ShapeValue))) return false;
-    try {
-        values_.resize(static_cast<std::size_t>(shapes) * static_cast<std::size_t>(dofs_));
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
+    if (!Resize(values_, static_cast<std::size_t>(shapes) * static_cast<std::size_t>(dofs_))) return false;
     shapes_ = shapes;
     return true;
 }
@@ -87,10 +92,10 @@ void InitializeShapeTableStorage(ShapeTable& table, ShapeTableCounts& counts)
     counts = ShapeTableCounts();
 }
 
-ErrorStatusTypes AllocateShapeTable(ShapeTable& table, ShapeTableCounts& counts)
+ErrorStatusTypes AllocateShapeTable(ShapeTable& table, ShapeTableCounts& counts, std::uint64_t memory)
 {
-    const bool allocated = ResizeRecords(table.DOFs, counts.NumberOfDOFs) &&
-                           ResizeRecords(table.Shapes, counts.NumberOfShapes) &&
+    const bool allocated = Fits(counts, memory) && Resize(table.DOFs, static_cast<std::size_t>(counts.NumberOfDOFs)) &&
+                           Resize(table.Shapes, static_cast<std::size_t>(counts.NumberOfShapes)) &&
                            ReallocateValues(table.ShapeValues, counts);
     if (!allocated) {
         InitializeShapeTableStorage(table, counts);

@@ -6,6 +6,8 @@
 // access looks at the arrays too. What stands in its file: docs/formats/shapetable.md.
 #pragma once
 
+#include "platform/Memory.h"
+
 #include <QOR_File/Enumerations.h>
 
 #include <cstdint>
@@ -46,7 +48,7 @@ public:
     const ShapeValue& At(std::int32_t shape, std::int32_t dof) const { return values_[Place(shape, dof)]; }
     ShapeValue& At(std::int32_t shape, std::int32_t dof) { return values_[Place(shape, dof)]; }
 
-    // A matrix of zeros. False when it is too large, or memory refused.
+    // A matrix of zeros. Nothing when memory is refused.
     [[nodiscard]] static std::optional<ShapeMatrix> Zeros(std::int32_t shapes, std::int32_t dofs);
     // Changes the number of shapes, values that fit kept. False, the matrix as it was, as above.
     [[nodiscard]] bool ResizeShapes(std::int32_t shapes);
@@ -77,8 +79,9 @@ struct ShapeTableCounts {
 void InitializeShapeTableStorage(ShapeTable& table, ShapeTableCounts& counts);
 
 // Brings the arrays in line with the counts. Records that fit are kept. Values are kept only in the odd case
-// that the published, crossed comparison of extents allows. AllocationError, and the table emptied, when memory
-// does not suffice.
-ErrorStatusTypes AllocateShapeTable(ShapeTable& table, ShapeTableCounts& counts);
+// that the published, crossed comparison of extents allows. AllocationError, and the table emptied, when an array
+// would be too large, all of them more than the memory, in bytes, or when the system refuses.
+ErrorStatusTypes AllocateShapeTable(ShapeTable& table, ShapeTableCounts& counts,
+                                    std::uint64_t memory = platform::UsableMemory());
 
 } // namespace qor

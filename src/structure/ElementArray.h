@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <span>
 #include <type_traits>
 #include <utility>
 

@@ -13,7 +13,11 @@ class StructureLoader
 {
 public:
     StructureLoader(RecordReader& file, std::int16_t version, Structure& structure, StructureTexts& texts)
-        : file_(file), version_(version), structure_(structure), texts_(texts)
+        : file_(file),
+          skipsUnknown_(version >= FirstVersionThatSkips),
+          textForm_(version < Structure_FirstVersionWithCountedText ? TextForm::ZeroTerminated : TextForm::Counted),
+          structure_(structure),
+          texts_(texts)
     {}
 
     ErrorStatusTypes Error() const { return error_; }
@@ -44,7 +48,7 @@ public:
             case EndOfElements:
             case EndOfRun: return Success;
             default:
-                if (SkipsUnknown() && !file_.SkipRecord()) EndReading();
+                if (skipsUnknown_ && !file_.SkipRecord()) EndReading();
             }
             if (ended_) return Failure;
             if (file_.AtEnd()) {
@@ -62,13 +66,6 @@ public:
     }
 
 private:
-    bool SkipsUnknown() const { return version_ >= FirstVersionThatSkips; }
-
-    TextForm Texts() const
-    {
-        return version_ < Structure_FirstVersionWithCountedText ? TextForm::ZeroTerminated : TextForm::Counted;
-    }
-
     void EndReading()
     {
         ended_ = true;
@@ -87,7 +84,7 @@ private:
     ReturnStatus Load_TextsRecord()
     {
         return ResultOf(Load_Record<Fields>(
-                            file_, SkipsUnknown(), Texts(), [this]() -> StructureTexts& { return texts_; },
+                            file_, skipsUnknown_, textForm_, [this]() -> StructureTexts& { return texts_; },
                             [](NoStep, ItemReader&) { return true; }),
                         Success);
     }
@@ -108,13 +105,13 @@ private:
     {
         ReturnStatus status = Success;
         const RecordEnd end = Load_Record<SubStructure_Fields>(
-            file_, SkipsUnknown(), Texts(), [this]() -> StructureTexts& { return texts_; },
+            file_, skipsUnknown_, textForm_, [this]() -> StructureTexts& { return texts_; },
             [&](SubStructureStep step, ItemReader& items) {
                 items.Directly([&](RecordReader& file) {
                     if (step == SubStructureStep::Elements) {
                         status = Load_Run();
                     } else {
-                        std::u16string label = LoadString(file, Texts());
+                        std::u16string label = LoadString(file, textForm_);
                         if (texts_.Label.empty()) texts_.Label = std::move(label);
                     }
                 });
@@ -137,36 +134,33 @@ private:
         ElementArray<VertexPoint>& points = structure_.VertexPoints;
         const bool made = Append(points, structure_.NumberOfVertexPoints);
         const std::int32_t number = structure_.NumberOfVertexPoints;
-        VertexPoint dropped;
-        // Looked up anew for every field: a nested run may append vertex points, and so move this one.
-        const auto point = [&]() -> VertexPoint& { return made ? points[number] : dropped; };
+        VertexPoint point; // put in its place when whole: a nested run may append vertex points, and so move it
         ReturnStatus status = Success;
-        const RecordEnd end =
-            Load_Record<Vertex_Fields>(file_, SkipsUnknown(), Texts(), point, [&](VertexStep step, ItemReader& items) {
+        const RecordEnd end = Load_Record<Vertex_Fields>(
+            file_, skipsUnknown_, textForm_, [&]() QOR_INLINE -> VertexPoint& { return point; },
+            [&](VertexStep step, ItemReader& items) QOR_INLINE {
                 if (step == VertexStep::NestedRun) {
                     items.Directly([&](RecordReader&) { status = Load_Run(); });
-                } else {
-                    Load(point(), step, items);
+                    return !ended_;
                 }
-                return !ended_;
+                Load(point, step, items);
+                return true;
             });
         const ReturnStatus result = ResultOf(end, status);
-        return made ? result : Failure;
+        if (!made) return Failure;
+        points[number] = point;
+        return result;
     }
 
-    void Load(VertexPoint& point, VertexStep step, ItemReader& items) const
+    QOR_INLINE void Load(VertexPoint& point, VertexStep step, ItemReader& items) const
     {
         switch (step) {
         case VertexStep::SmallNumber: items.GetInt16(); break;
         case VertexStep::LargeNumber: items.GetInt32(); break;
-        case VertexStep::Coordinates:
-            point.Xcoord = items.GetFloat();
-            point.Ycoord = items.GetFloat();
-            point.Zcoord = items.GetFloat();
-            break;
+        case VertexStep::Coordinates: items.GetAll(point.Xcoord, point.Ycoord, point.Zcoord); break;
         case VertexStep::Bold: point.Bold = items.GetInt16() != 0; break;
         case VertexStep::Label:
-            point.Label = PaddedLabel(items.Directly([&](RecordReader& file) { return LoadString(file, Texts()); }));
+            LoadString(items, textForm_, [&](std::u16string_view text) QOR_INLINE { point.Label = PaddedLabel(text); });
             break;
         case VertexStep::SmallCenterPoint: point.CenterPoint = items.GetInt16(); break;
         case VertexStep::LargeCenterPoint: point.CenterPoint = items.GetInt32(); break;
@@ -174,9 +168,7 @@ private:
             point.PointType = items.GetInt16();
             if (point.PointType < Rectangular || point.PointType > Machine) point.PointType = Rectangular;
             break;
-        case VertexStep::Axes:
-            for (float& value : point.AxisEnd) value = items.GetFloat();
-            break;
+        case VertexStep::Axes: items.GetAll(point.AxisEnd); break;
         case VertexStep::NormalAxis:
             point.NormalAxis = items.GetInt16();
             // The last axis, not the first, stands for an undeclared one, on purpose.
@@ -189,28 +181,27 @@ private:
     template <const auto& Fields, class Element>
     ReturnStatus Load_ElementRecord(ElementArray<Element>& elements, std::int32_t& count)
     {
-        const bool made = Append(elements, count);
-        Element dropped;
-        Element& element = made ? elements[count] : dropped;
+        Element element;
         const RecordEnd end = Load_Record<Fields>(
-            file_, SkipsUnknown(), Texts(), [&]() -> Element& { return element; },
-            [&](ElementStep step, ItemReader& items) {
+            file_, skipsUnknown_, textForm_, [&]() QOR_INLINE -> Element& { return element; },
+            [&](ElementStep step, ItemReader& items) QOR_INLINE {
                 switch (step) {
                 case ElementStep::SmallVertexPoints:
                     for (std::int32_t& each : element.VertexPoints) each = items.GetInt16();
                     break;
-                case ElementStep::LargeVertexPoints:
-                    for (std::int32_t& each : element.VertexPoints) each = items.GetInt32();
-                    break;
+                case ElementStep::LargeVertexPoints: items.GetAll(element.VertexPoints); break;
                 case ElementStep::Bold: element.Bold = items.GetInt16() != 0; break;
                 }
                 return true;
             });
+        const bool made = Append(elements, count);
+        if (made) elements[count] = element;
         return ResultOf(end, made ? Success : Failure);
     }
 
     RecordReader& file_;
-    const std::int16_t version_;
+    const bool skipsUnknown_;
+    const TextForm textForm_;
     Structure& structure_;
     StructureTexts& texts_;
     ErrorStatusTypes error_ = NoError;
@@ -236,7 +227,7 @@ Outcome Load_StructureRecords(RecordReader& file, std::int16_t version, Structur
         const ReturnStatus status = loader.Load_Records();
         return {status, loader.Error()};
     } catch (const std::bad_alloc&) {
-        return {Failure, AllocationError};
+        return {Failure, loader.Error()}; // the reader has no code for it
     }
 }
 

@@ -62,12 +62,13 @@ private:
     void Save_VertexRecord(std::int32_t number)
     {
         const VertexPoint& point = structure_.VertexPoints[number];
-        Save_Record<Vertex_Fields>(
-            file_, VertexRecord, point, structure_,
-            [&](VertexStep step, std::int16_t tag, ItemWriter& items) { Save(point, number, step, tag, items); });
+        Save_Record<Vertex_Fields>(file_, VertexRecord, point, structure_,
+                                   [&](VertexStep step, std::int16_t tag, ItemWriter& items)
+                                       QOR_INLINE { Save(point, number, step, tag, items); });
     }
 
-    void Save(const VertexPoint& point, std::int32_t number, VertexStep step, std::int16_t tag, ItemWriter& items) const
+    QOR_INLINE void Save(const VertexPoint& point, std::int32_t number, VertexStep step, std::int16_t tag,
+                         ItemWriter& items) const
     {
         switch (step) {
         case VertexStep::SmallNumber: items.PutInt16(tag); return items.PutInt16(Narrowed(number));
@@ -111,7 +112,7 @@ private:
     void Save_ElementRecord(std::int16_t type, const Element& element)
     {
         Save_Record<Fields>(file_, type, element, structure_,
-                            [&](ElementStep step, std::int16_t tag, ItemWriter& items) {
+                            [&](ElementStep step, std::int16_t tag, ItemWriter& items) QOR_INLINE {
                                 items.PutInt16(tag);
                                 switch (step) {
                                 case ElementStep::SmallVertexPoints:

@@ -3,8 +3,30 @@
 #include "structure/Structure.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace qor {
+namespace {
+
+template <class Element>
+std::int64_t Bytes(const ElementArray<Element>&, std::int32_t count)
+{
+    return static_cast<std::int64_t>(sizeof(Element)) * count;
+}
+
+bool AllocateArrays(Structure& structure)
+{
+    const std::int32_t firstNew = structure.VertexPoints.Count() + 1;
+    if (!structure.VertexPoints.Resize(structure.NumberOfVertexPoints)) return false;
+    for (std::int32_t number = firstNew; number <= structure.NumberOfVertexPoints; ++number) {
+        structure.VertexPoints[number].Label = PaddedLabel({});
+    }
+    return structure.EdgeLines.Resize(structure.NumberOfEdgeLines) &&
+           structure.SurfaceTriangles.Resize(structure.NumberOfSurfaceTriangles) &&
+           structure.QuadSurfaces.Resize(structure.NumberOfQuadSurfaces);
+}
+
+} // namespace
 
 FixedLabel PaddedLabel(std::u16string_view text)
 {
@@ -18,19 +40,13 @@ std::u16string_view TextOf(const FixedLabel& label) { return {label.data(), labe
 
 void ReleaseStructureStorage(Structure& structure) { structure = Structure(); }
 
-ErrorStatusTypes AllocateStructure(Structure& structure)
+ErrorStatusTypes AllocateStructure(Structure& structure, std::uint64_t usableMemory)
 {
-    const std::int32_t firstNew = structure.VertexPoints.Count() + 1;
-    bool allocated = structure.VertexPoints.Resize(structure.NumberOfVertexPoints);
-    if (allocated) {
-        for (std::int32_t number = firstNew; number <= structure.NumberOfVertexPoints; ++number) {
-            structure.VertexPoints[number].Label = PaddedLabel({});
-        }
-    }
-    allocated = allocated && structure.EdgeLines.Resize(structure.NumberOfEdgeLines) &&
-                structure.SurfaceTriangles.Resize(structure.NumberOfSurfaceTriangles) &&
-                structure.QuadSurfaces.Resize(structure.NumberOfQuadSurfaces);
-    if (allocated) return NoError;
+    const std::int64_t bytes = Bytes(structure.VertexPoints, structure.NumberOfVertexPoints) +
+                               Bytes(structure.EdgeLines, structure.NumberOfEdgeLines) +
+                               Bytes(structure.SurfaceTriangles, structure.NumberOfSurfaceTriangles) +
+                               Bytes(structure.QuadSurfaces, structure.NumberOfQuadSurfaces);
+    if (std::cmp_less_equal(bytes, usableMemory) && AllocateArrays(structure)) return NoError;
     ReleaseStructureStorage(structure);
     return AllocationError;
 }

@@ -6,6 +6,7 @@
 // docs/formats/structure.md.
 #pragma once
 
+#include "platform/Memory.h"
 #include "structure/ElementArray.h"
 
 #include <QOR_File/Enumerations.h>
@@ -83,7 +84,8 @@ struct StructureTexts {
 void ReleaseStructureStorage(Structure& structure);
 
 // Brings the arrays in line with the counts, elements that fit kept. AllocationError, and the whole Structure
-// emptied, when memory does not suffice.
-ErrorStatusTypes AllocateStructure(Structure& structure);
+// emptied, when memory does not suffice; where all four lists together do not fit the memory that a process can
+// use, that is found before anything is allocated.
+ErrorStatusTypes AllocateStructure(Structure& structure, std::uint64_t usableMemory = platform::UsableMemory());
 
 } // namespace qor

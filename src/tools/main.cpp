@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// qor: shows document files and makes them of CSV files. The command line only; each command has a folder of its own.
+// qor: shows document files, exports them, and makes them of CSV files. The command line only; each command has a
+// folder of its own.
 #include "tools/console/Text.h"
 #include "tools/documents/Names.h"
 #include "tools/dump/DumpCommand.h"
+#include "tools/export/ExportCommand.h"
 #include "tools/import/ImportCommand.h"
 #include "tools/info/InfoCommand.h"
 
@@ -74,6 +76,18 @@ CLI::App* AddDump(CLI::App& app, DumpOptions& options)
     return command;
 }
 
+CLI::App* AddExport(CLI::App& app, ExportOptions& options)
+{
+    CLI::App* command = app.add_subcommand(
+        "export", "Write a Structure file as .obj, .ply or .vtk, or a Data Block file as .csv, for other programs");
+    command->add_option("FILE", options.file, "Structure file or Data Block file")->required();
+    command->add_option("OUT", options.outputFile, "File to make; its ending tells the format")->required();
+    command->add_flag("--force", options.replaceExisting, "Replace an existing file");
+    command->add_flag("--no-labels", options.withoutPointLabels,
+                      "Leave out the labels of points, which some readers of .vtk files cannot take");
+    return command;
+}
+
 // What the command line says in words that the options do not know.
 struct ImportWords {
     std::string delimiter;
@@ -130,17 +144,20 @@ ExitCode Import(ImportOptions& options, const ImportWords& words, Output& output
 
 ExitCode Run(int argc, char** argv, Output& output)
 {
-    CLI::App app("Shows Data Blocks, Structures and Shape Tables, and makes Data Blocks of CSV files.", "qor");
+    CLI::App app("Shows and exports Data Blocks, Structures and Shape Tables, and makes Data Blocks of CSV files.",
+                 "qor");
     InfoOptions infoOptions;
     DumpOptions dumpOptions;
+    ExportOptions exportOptions;
     ImportOptions importOptions;
     ImportWords importWords;
     const CLI::App* const info = AddInfo(app, infoOptions);
     const CLI::App* const dump = AddDump(app, dumpOptions);
+    const CLI::App* const exported = AddExport(app, exportOptions);
     const CLI::App* const import = AddImport(app, importOptions, importWords);
     app.require_subcommand(0, 1);
-    for (CLI::App* each :
-         {&app, app.get_subcommand("info"), app.get_subcommand("dump"), app.get_subcommand("import")}) {
+    for (CLI::App* each : {&app, app.get_subcommand("info"), app.get_subcommand("dump"), app.get_subcommand("export"),
+                           app.get_subcommand("import")}) {
         each->set_version_flag("--version", "qor " QOR_FILE_VERSION, "Show the version");
         each->set_help_flag("-h,--help", "Show this help");
         each->footer(ExitCodes);
@@ -159,6 +176,7 @@ ExitCode Run(int argc, char** argv, Output& output)
     }
     if (info->parsed()) return RunInfo(infoOptions, output);
     if (dump->parsed()) return RunDump(dumpOptions, output);
+    if (exported->parsed()) return RunExport(exportOptions, output);
     if (import->parsed()) return Import(importOptions, importWords, output);
     output.Write(app.help());
     return Done;

@@ -4,6 +4,7 @@
 
 #include "component/ConversionReference.h"
 #include "component/DataBlockAccess.h"
+#include "support/DataBlockFile.h"
 
 #include <algorithm>
 
@@ -11,12 +12,13 @@ namespace qor::test {
 namespace {
 
 constexpr const char* MemberNames[] = {
-    "SetNumberOfTraces", "SetNumberOfSamples", "SetFormat",          "GetFormat",      "SetSpacing",
-    "SetStart",          "SetIncrement",       "SetTexts",           "GetHeader",      "Initialize",
-    "InitializeStorage", "InitializeData",     "NewObject",          "GetErrorStatus", "SetErrorStatus",
-    "ReadSample",        "WriteSample",        "ReadXaxis",          "WriteXaxis",     "GetTraceText",
-    "SetTraceText",      "GetMeasurementType", "SetMeasurementType", "GetDataSVT",     "SetDataSVT",
-    "GetLinPower",       "SetLinPower",        "SetAddedHeader",     "GetAddedHeader",
+    "SetNumberOfTraces", "SetNumberOfSamples", "SetFormat",    "GetFormat",          "SetSpacing",
+    "SetStart",          "SetIncrement",       "SetTexts",     "GetHeader",          "Initialize",
+    "InitializeStorage", "InitializeData",     "NewObject",    "GetErrorStatus",     "SetErrorStatus",
+    "SaveFile",          "LoadFile",           "ReadSample",   "WriteSample",        "ReadXaxis",
+    "WriteXaxis",        "GetTraceText",       "SetTraceText", "GetMeasurementType", "SetMeasurementType",
+    "GetDataSVT",        "SetDataSVT",         "GetLinPower",  "SetLinPower",        "SetAddedHeader",
+    "GetAddedHeader",
 };
 
 bool Fits16Bits(std::int32_t value) { return value == static_cast<std::int16_t>(value); }
@@ -25,6 +27,7 @@ std::u16string ErrorTextFor(std::int32_t code)
 {
     const std::string number = std::to_string(code);
     const std::u16string head = u"Error (" + std::u16string(number.begin(), number.end()) + u"): ";
+    if (code == 9) return head + u"Output file read error";
     if (code == 10) return head + u"Trace Index error";
     if (code == 11) return head + u"Sample Index error";
     if (code == 14) return head + u"Axis Number error";
@@ -80,6 +83,13 @@ void DataBlockModel::Reallocate(Object& object)
     object.knowsXaxis = document_.spacing != 1 && document_.samples > 0;
 }
 
+// A file may count more samples than its traces have.
+bool DataBlockModel::Holds(const ModelTrace& trace, std::int32_t sample) const
+{
+    const std::size_t size = document_.complex ? trace.complex.size() : trace.real.size();
+    return sample >= 1 && static_cast<std::size_t>(sample) <= size;
+}
+
 Seen DataBlockModel::AccessSample(Object& object, const Call& call)
 {
     const bool reads = call.member == Member::ReadSample;
@@ -98,7 +108,7 @@ Seen DataBlockModel::AccessSample(Object& object, const Call& call)
     const auto place = static_cast<std::size_t>(call.sample - 1);
     const bool polar = object.format == 3;
     if (!reads) {
-        if (call.sample == 0) return {{Success}, {}};
+        if (!Holds(trace, call.sample)) return {{Success}, {}};
         if (!document_.complex) {
             trace.real[place] = call.x;
         } else if (polar) {
@@ -110,9 +120,9 @@ Seen DataBlockModel::AccessSample(Object& object, const Call& call)
     }
     float first = UntouchedFirst;
     float second = UntouchedSecond;
-    if (call.sample > 0 && !document_.complex) first = trace.real[place];
+    if (Holds(trace, call.sample) && !document_.complex) first = trace.real[place];
     if (!document_.complex) second = 0;
-    if (call.sample > 0 && document_.complex) {
+    if (Holds(trace, call.sample) && document_.complex) {
         std::tie(first, second) = trace.complex[place];
         if (polar) {
             const float magnitude = ReferenceMagnitude(first, second);
@@ -153,6 +163,7 @@ Seen DataBlockModel::AccessTrace(Object& object, const Call& call)
     const bool added = ofLinPower || (ofText && which == 4);
 
     const std::int32_t error = CheckTrace(call.trace);
+    if (call.member == Member::SetLinPower) document_.fromFile = false;
     if (error != 0 && added) sharedError_ = error;
     if (error != 0 && !added) Report(object, error);
     ModelTrace absent;
@@ -165,7 +176,7 @@ Seen DataBlockModel::AccessTrace(Object& object, const Call& call)
     case Member::SetMeasurementType:
         if (Fits16Bits(call.value)) trace.measurementType = call.value;
         break;
-    case Member::GetDataSVT: return {{trace.dataSVT}, {}};
+    case Member::GetDataSVT: return {{trace.dataSVT == 0 ? 3 : trace.dataSVT}, {}};
     case Member::SetDataSVT: trace.dataSVT = call.value == 4 || call.value == 5 ? call.value : 3; break;
     case Member::GetLinPower: return {{trace.linPower}, {}};
     case Member::SetLinPower:
@@ -175,6 +186,124 @@ Seen DataBlockModel::AccessTrace(Object& object, const Call& call)
     }
     return {};
 }
+
+// ---- files ---------------------------------------------------------------------------------------------------
+
+// The document as the writer lays it out, the values that only files bring at their defaults.
+Bytes DataBlockModel::SavedBytes() const
+{
+    const Document& d = document_;
+    const auto addText = [](auto& record, int tag, const std::u16string& text) {
+        if (!text.empty()) record.Field(tag, Text(text));
+    };
+    const auto addWords = [](auto& record, int first, int last, const Bytes& value) {
+        for (int tag = first; tag <= last; ++tag) record.Field(tag, value);
+    };
+    DataBlockFile file;
+    file.Field(1, Int16(1));
+    addText(file, 2, d.label);
+    addText(file, 13, d.units);
+    file.Field(3, Int16(static_cast<int>(d.traces.size()))).Field(4, Int32(d.samples));
+    file.Field(20, Int16(d.complex ? 2 : 1)).Field(19, Int16(0)).Field(6, Int16(d.spacing));
+    if (d.spacing == 1) file.Field(7, Float(d.start)).Field(8, Float(d.increment));
+    Bytes xaxis;
+    for (const float x : d.xaxis) xaxis += Float(x);
+    if (!xaxis.empty()) file.Field(10, xaxis);
+    addText(file, 21, d.notes);
+    file.Field(22, Int16(0)).Field(23, Int32(0));
+    addWords(file, 24, 27, Int16(0));
+    file.Field(28, Int16(1211)).Field(29, Int16(4)).Field(30, Float(20)).Field(32, Int16(1317));
+    if (d.fromFile) file.Field(67, Float(2e-5F)).Field(68, Float(1e-12F));
+    addWords(file, 36, 38, Int16(1));
+    file.Field(39, Int16(1211)).Field(40, Int16(4));
+    addWords(file, 41, 46, Int16(-1));
+    file.Field(14, Int32(0xFFFFFF)).Field(15, Int32(0xFFFFFF)).Field(16, Int32(0x0000FF)).Field(48, Int32(0x0000FF));
+    file.Field(17, Int32(0xFF0000)).Field(18, Int32(0xE0E0E0));
+    addWords(file, 49, 50, Int16(0));
+    addWords(file, 51, 52, Int32(1));
+    file.Field(53, Int16(-1));
+    addWords(file, 54, 56, Int32(1));
+    addWords(file, 57, 58, Int16(0));
+    if (!d.traces.empty()) file.Field(11);
+    for (const ModelTrace& trace : d.traces) {
+        if (d.samples == 0) break; // the first trace cannot be written
+        RecordBytes record = TraceBytes();
+        for (const auto& [tag, text] : {std::pair(2, 0), std::pair(3, 1), std::pair(23, 2), std::pair(24, 3)}) {
+            addText(record, tag, trace.texts[static_cast<std::size_t>(text)]);
+        }
+        Bytes samples;
+        for (const float value : trace.real) samples += Float(value);
+        for (const auto& [real, imaginary] : trace.complex) samples += Floats({real, imaginary});
+        samples.resize(static_cast<std::size_t>(d.samples * (d.complex ? 8 : 4)));
+        record.Field(17, samples).Field(25, Int32(0)).Field(26, Int16(0)).Field(22, Int16(0));
+        record.Field(30, Int16(trace.dataSVT)).Field(6, Int16(trace.measurementType)).Field(31, Int16(0));
+        addWords(record, 33, 40, Int32(0));
+        addText(record, 29, trace.texts[4]);
+        record.Field(32, Bytes(28)).Field(44, Int16(trace.linPower)).Field(45, Int16(0));
+        file.Nested(record);
+    }
+    if (!d.traces.empty()) file.Field(12);
+    if (d.fromFile) file.Field(72, Float(2e-5F));
+    addWords(file, 73, 75, Int16(0));
+    file.Field(76, Int16(d.peakRMS));
+    addWords(file, 77, 92, Int16(0));
+    if (d.fromFile) file.Field(93, Float(1e-12F));
+    file.Field(94, Int32(0)).Field(95, Int32(0)).Field(96, Int16(0)).Field(97, Int16(0));
+    if (d.xaxisUnits != 0) file.Field(100, Int16(d.xaxisUnits));
+    if (d.damping != 0) file.Field(123, Float(d.damping)); // a NaN too
+    if (d.rpm != 0) file.Field(160, Float(d.rpm));
+    return file.Build();
+}
+
+// What reading those bytes brings.
+DataBlockModel::Document DataBlockModel::SavedContent() const
+{
+    Document content = document_;
+    if (document_.samples < 2) { // the reading ends there
+        content = {};
+        content.label = document_.label;
+        content.units = document_.units;
+        content.traces.resize(document_.traces.size());
+        content.samples = document_.samples;
+        return content;
+    }
+    content.fromFile = true;
+    if (content.notes.empty()) content.notes = Document().notes;
+    if (content.spacing != 1) content.start = content.increment = 0;
+    if (content.damping == 0) content.damping = 0; // also for -0
+    if (content.rpm == 0) content.rpm = 0;
+    return content;
+}
+
+Seen DataBlockModel::Save(Object& object)
+{
+    Seen seen = {{Success}, {}};
+    if (!document_.traces.empty() && document_.samples == 0) {
+        seen = {{Failure}, {}};
+        Report(object, 9);
+    }
+    for (const std::uint8_t byte : SavedBytes()) seen.numbers.push_back(byte);
+    saved_ = SavedContent();
+    document_.fromFile = false;
+    return seen;
+}
+
+Seen DataBlockModel::Load(Object& object)
+{
+    document_ = {};
+    object.knowsXaxis = false;
+    if (!saved_) return {{Failure}, {}};
+    document_ = *saved_;
+    if (document_.samples < 2) {
+        Report(object, 9);
+        return {{Failure}, {}};
+    }
+    object.format = document_.complex ? 2 : 1;
+    object.knowsXaxis = document_.spacing != 1;
+    return {{Success}, {}};
+}
+
+// ---- members -------------------------------------------------------------------------------------------------
 
 Seen DataBlockModel::Perform(const Call& call)
 {
@@ -225,6 +354,8 @@ Seen DataBlockModel::Perform(const Call& call)
         return {{error}, {}};
     }
     case Member::SetErrorStatus: Report(object, ErrorCodeFor(call)); return {};
+    case Member::SaveFile: return Save(object);
+    case Member::LoadFile: return Load(object);
     case Member::ReadSample:
     case Member::WriteSample: return AccessSample(object, call);
     case Member::ReadXaxis:

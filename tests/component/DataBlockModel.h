@@ -2,11 +2,15 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // A second, plain Data Block with its members, to run beside the component: everything in vectors, nothing shared
-// with the code under test but the enumerations. It stands for one thread with two objects.
+// with the code under test but the enumerations. It stands for one thread with two objects. Its files are made by the
+// builders of the tests; what reading them brings is known without reading them.
 #pragma once
+
+#include "support/MemoryFile.h"
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <utility>
@@ -30,6 +34,8 @@ enum class Member {
     NewObject,
     GetErrorStatus,
     SetErrorStatus,
+    SaveFile,
+    LoadFile, // the one that was saved last
     ReadSample,
     WriteSample,
     ReadXaxis,
@@ -83,7 +89,7 @@ private:
         std::vector<std::pair<float, float>> complex;
         std::array<std::u16string, 5> texts;
         std::int32_t measurementType = 0;
-        std::int32_t dataSVT = 3;
+        std::int32_t dataSVT = 0; // read as 3
         std::int32_t linPower = 0;
     };
     struct Document {
@@ -101,6 +107,7 @@ private:
         std::int32_t xaxisUnits = 0;
         float rpm = 0;
         float damping = 0;
+        bool fromFile = false;
     };
     struct Object {
         std::int32_t format = 0;
@@ -113,11 +120,17 @@ private:
     void Report(Object& object, std::int32_t error);
     std::int32_t CheckTrace(std::int32_t trace) const;
     ModelTrace& At(std::int32_t trace) { return document_.traces[static_cast<std::size_t>(trace - 1)]; }
+    bool Holds(const ModelTrace& trace, std::int32_t sample) const;
     Seen AccessSample(Object& object, const Call& call);
     Seen AccessXaxis(Object& object, const Call& call);
     Seen AccessTrace(Object& object, const Call& call);
+    Bytes SavedBytes() const;
+    Document SavedContent() const;
+    Seen Save(Object& object);
+    Seen Load(Object& object);
 
     Document document_;
+    std::optional<Document> saved_; // what reading the file that was saved last brings
     std::array<Object, 2> objects_;
     std::int32_t sharedError_ = 0;
 };

@@ -2,10 +2,11 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // Random sequences of Data Block members, on two objects of one thread, beside the model: every result, every error
-// status, and now and then all that can be read. A failure prints the shortest sequence and the RC_PARAMS that
-// bring it back.
+// status, and now and then all that can be read and the bytes that are saved. A failure prints the shortest sequence
+// and the RC_PARAMS that bring it back.
 #include "component/DataBlockModel.h"
 #include "component/DataBlockAccess.h"
+#include "support/TemporaryFolder.h"
 
 #include <QOR_File/QOR_File.h>
 
@@ -53,6 +54,12 @@ public:
         case Member::NewObject: clsQOR_File(); return {};
         case Member::GetErrorStatus: return {{file.ErrorStatus()}, {}};
         case Member::SetErrorStatus: file.ErrorStatus(static_cast<ErrorStatusTypes>(ErrorCodeFor(call))); return {};
+        case Member::SaveFile: {
+            Seen seen = {{file.OutputDataBlockFile(Utf16(folder_ / "saved.blk"))}, {}};
+            for (const std::uint8_t byte : BytesOf(folder_ / "saved.blk")) seen.numbers.push_back(byte);
+            return seen;
+        }
+        case Member::LoadFile: return {{file.InputDataBlockFile(Utf16(folder_ / "saved.blk"))}, {}};
         case Member::ReadSample: {
             const SampleRead read = Read(file, call.trace, call.sample);
             return {{read.status, Bits(read.first), Bits(read.second)}, {}};
@@ -112,10 +119,11 @@ private:
         }
     }
 
+    TemporaryFolder folder_;
     std::array<clsQOR_File, 2> objects_;
 };
 
-// Calls that read everything, one element beyond each end included.
+// Calls that read everything, one element beyond each end included, and save it.
 std::vector<Call> ReadOut()
 {
     std::vector<Call> calls;
@@ -141,6 +149,7 @@ std::vector<Call> ReadOut()
         calls.push_back({.object = object, .member = Member::GetErrorStatus});
         calls.push_back({.object = object, .member = Member::GetFormat});
     }
+    calls.push_back({.member = Member::SaveFile});
     return calls;
 }
 
@@ -169,12 +178,13 @@ std::string FirstDifference(const std::vector<Call>& sequence)
 
 rc::Gen<Call> AnyCall()
 {
-    const auto member = rc::gen::oneOf(
-        rc::gen::map(rc::gen::inRange(0, static_cast<int>(Member::GetAddedHeader) + 1),
-                     [](int index) { return static_cast<Member>(index); }),
-        // What builds and fills a document comes oftener, or most sequences would touch nothing.
-        rc::gen::element(Member::SetNumberOfTraces, Member::SetNumberOfSamples, Member::SetFormat, Member::SetSpacing,
-                         Member::WriteSample, Member::WriteSample, Member::WriteXaxis, Member::SetTraceText));
+    const auto member =
+        rc::gen::oneOf(rc::gen::map(rc::gen::inRange(0, static_cast<int>(Member::GetAddedHeader) + 1),
+                                    [](int index) { return static_cast<Member>(index); }),
+                       // What builds and fills a document comes oftener, or most sequences would touch nothing.
+                       rc::gen::element(Member::SetNumberOfTraces, Member::SetNumberOfSamples, Member::SetFormat,
+                                        Member::SetSpacing, Member::WriteSample, Member::WriteSample,
+                                        Member::WriteXaxis, Member::SetTraceText, Member::LoadFile));
     const auto value =
         rc::gen::element<std::int32_t>(0, 1, 3, 4, 5, 6, 10, 1247, 32767, 32768, 40000, -1, -32768, -32769);
     constexpr float infinity = std::numeric_limits<float>::infinity();

@@ -3,6 +3,7 @@
 //
 // The indexed properties of a Shape Table's shapes and DOFs, and its file by way of the member that writes it.
 #include "component/ShapeTableAccess.h"
+#include "component/modQOR_File.h"
 #include "support/TemporaryFolder.h"
 
 #include <filesystem>
@@ -190,6 +191,17 @@ TEST(DOF_DataSVT, IsVectorScalarOrTensorAndEverythingElseAVector)
     }
     EXPECT_EQ(file.DOF_DataSVT(1), DataIsVector);
     EXPECT_EQ(file.ErrorStatus(), NoError);
+}
+
+TEST(DOF_DataSVT, OfAnotherKindIsStoredAsAVector)
+{
+    clsQOR_File file;
+    SizeShapes(file, 0, 1);
+    for (const std::int32_t value : {6, 0, 65540}) {
+        file.DOF_DataSVT(1, DataIsTensor);
+        file.DOF_DataSVT(1, static_cast<SVTvalues>(value));
+        EXPECT_EQ(modQOR_File().ShapeTable.DOFs.at(0).DataSVT, DataIsVector) << value;
+    }
 }
 
 TEST(DOF_DataSVT, OutsideTheTableIsAnIndexErrorAndAVector)

@@ -2,6 +2,9 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "component/StructureModel.h"
 
+#include "structure/StructureFile.h"
+
+#include <algorithm>
 #include <bit>
 #include <map>
 #include <stdexcept>
@@ -16,8 +19,9 @@ std::int64_t FloatBits(float value) { return std::bit_cast<std::uint32_t>(value)
 std::u16string TextOfCode(std::int32_t code)
 {
     static const std::map<std::int32_t, std::string> texts = {
-        {11, "Sample Index error"},      {14, "Axis Number error"},    {15, "Invalid Center Point error"},
-        {30, "VertexPoint Index error"}, {32, "EdgeLine Index error"}, {34, "SurfaceTriangle Index error"},
+        {9, "Output file read error"},       {11, "Sample Index error"},      {14, "Axis Number error"},
+        {15, "Invalid Center Point error"},  {30, "VertexPoint Index error"}, {32, "EdgeLine Index error"},
+        {34, "SurfaceTriangle Index error"},
     };
     const auto found = texts.find(code);
     const std::string text =
@@ -32,7 +36,279 @@ std::u16string WithoutOuterBlanks(std::u16string text)
     return text;
 }
 
+std::int32_t Low16(std::int32_t value) { return static_cast<std::int16_t>(value); }
+std::int32_t ZeroUnless16(std::int32_t value) { return value == Low16(value) ? value : 0; }
+std::int32_t Truth(std::int32_t value) { return Low16(value) != 0 ? -1 : 0; }
+std::int32_t TypeOr0(std::int32_t value) { return value >= 0 && value <= 3 ? value : 0; }
+std::int32_t AxisOr2(std::int32_t value) { return value >= 0 && value <= 2 ? value : 2; }
+
+std::u16string In20(std::u16string text)
+{
+    text.resize(20, u' ');
+    return text;
+}
+
+std::string Narrow(std::u16string_view text)
+{
+    std::string narrow;
+    for (const char16_t c : text) narrow += static_cast<char>(c);
+    return narrow;
+}
+
+RecordBytes JoiningBytes(std::size_t kind) { return RecordBytes(kind == 0 ? 0x0200 : kind == 1 ? 0x0300 : 0x1E00); }
+int WideTag(std::size_t kind) { return kind == 0 ? 7 : 8; }
+int ExtraTag(std::size_t kind) { return kind == 0 ? 6 : 7; }
+
+// Of a file that is accepted.
+std::int32_t VersionFor(const StructureCall& call)
+{
+    constexpr std::int32_t versions[] = {8, 10, 12, 13, 15};
+    return versions[static_cast<std::uint32_t>(call.number) % std::size(versions)];
+}
+
+// Of the two colours the second is read where an unknown tag is a single word.
+Bytes VertexOfTwoColours() { return VertexBytes().Field(4, Int32(1)).Field(200).Field(4, Int32(2)).Build(); }
+
 } // namespace
+
+// ---- files ---------------------------------------------------------------------------------------------------
+
+LoadedFile FileOf(const StructureCall& call)
+{
+    if (call.kind == 0) return LoadedFile::Saved;
+    if (call.kind < 3) return LoadedFile::Accepted;
+    if (call.number < 1) return LoadedFile::Missing;
+    return call.number % 2 == 0 ? LoadedFile::TooNew : LoadedFile::NoPreamble;
+}
+
+// What the file of an accepted call holds, as reading brings it.
+StructureModel::Content StructureModel::AcceptedContent(const StructureCall& call)
+{
+    Content content;
+    content.version = VersionFor(call);
+    content.label = TextFor(call.value);
+    content.notes = TextFor(call.value + 1);
+    content.endMarker = call.kind == 1;
+    const std::int32_t count = std::clamp(call.number, 0, 3);
+    for (std::int32_t i = 0; i < count; ++i) {
+        ModelVertex vertex;
+        vertex.label = i == 1 ? std::u16string(20, u'\0') : In20(LabelFor(call.value + i));
+        vertex.place = {call.x, call.x + 1, call.x + 2};
+        vertex.color = call.value - i;
+        vertex.bold = Truth(call.value + i);
+        vertex.center = i == 0 ? Low16(call.value) : call.value;
+        vertex.pointType = TypeOr0(call.other);
+        vertex.normalAxis = AxisOr2(call.other + i);
+        vertex.area = call.x;
+        vertex.axes = {{{call.x, 2, 3}, {4, 5, 6}, {7, 8, call.x}}};
+        vertex.extra = call.value + 100;
+        content.vertices.push_back(vertex);
+    }
+    for (std::size_t kind = 0; kind < 3; ++kind) {
+        for (std::int32_t i = 0; i < count - 1; ++i) {
+            ModelJoining element;
+            for (std::size_t corner = 0; corner < kind + 2; ++corner) {
+                const std::int32_t number = call.value + static_cast<std::int32_t>(corner);
+                element.corners[corner] = i == 0 ? Low16(number) : number;
+            }
+            element.color = call.other;
+            element.bold = Truth(call.other);
+            element.extra = call.value - 100;
+            content.joining[kind].push_back(element);
+        }
+    }
+    return content;
+}
+
+// Fields in another order than the writer's, the first element of each kind with narrow numbers, edge lines in a run
+// inside the last vertex point, triangles at the top level.
+Bytes BytesFor(const StructureCall& call)
+{
+    if (FileOf(call) == LoadedFile::TooNew) {
+        return StructureFile().Version(16).Raw(VertexOfTwoColours()).Build();
+    }
+    if (FileOf(call) == LoadedFile::NoPreamble) return Bytes(204, 'x') + VertexOfTwoColours() + Hex("AA AA");
+
+    const auto text = [&](std::u16string_view value) {
+        return VersionFor(call) < 11 ? OldText(Narrow(value)) : Text(value);
+    };
+    const std::int32_t count = std::clamp(call.number, 0, 3);
+    std::array<Bytes, 3> joining;
+    for (std::size_t kind = 0; kind < 3; ++kind) {
+        for (std::int32_t i = 0; i < count - 1; ++i) {
+            Bytes corners;
+            for (std::int32_t corner = 0; corner < static_cast<std::int32_t>(kind) + 2; ++corner) {
+                corners += i == 0 ? Int16(call.value + corner) : Int32(std::int64_t{call.value} + corner);
+            }
+            joining[kind] += JoiningBytes(kind)
+                                 .Field(4, Int16(call.other))
+                                 .Field(3, Int32(call.other))
+                                 .Field(ExtraTag(kind), Int32(call.value - 100))
+                                 .Field(i == 0 ? 2 : WideTag(kind), corners)
+                                 .Build();
+        }
+    }
+    Bytes vertices;
+    for (std::int32_t i = 0; i < count; ++i) {
+        RecordBytes vertex = VertexBytes();
+        if (i == count - 1) vertex.Field(9).Raw(joining[0]).Field(14);
+        vertex.Field(67, Float(call.x)).Field(22, Int16(call.other)).Field(68, Int16(call.other + i));
+        if (i != 1) vertex.Field(7, text(LabelFor(call.value + i)));
+        vertex.Field(23, Floats({call.x, 4, 7, 2, 5, 8, 3, 6, call.x}))
+            .Field(5, Int16(call.value + i))
+            .Field(4, Int32(call.value - i))
+            .Field(83, Int32(call.value + 100))
+            .Field(2, Floats({call.x, call.x + 1, call.x + 2}))
+            .Field(i == 0 ? 3 : 84, i == 0 ? Int16(call.value) : Int32(call.value));
+        vertices += vertex.Build();
+    }
+    StructureFile file;
+    file.Version(VersionFor(call))
+        .Record(SubStructureBytes().Field(3).Raw(vertices + joining[2]).Field(4).Field(2, text(TextFor(call.value))))
+        .Raw(joining[1])
+        .Record(NotesBytes().Field(6, text(TextFor(call.value + 1))));
+    if (call.kind == 2) file.WithoutEndMarker();
+    return file.Build();
+}
+
+// The Structure with an object's texts, as the writer lays it out.
+Bytes StructureModel::SavedBytes(const Object& object) const
+{
+    const auto number = [&](std::int32_t value) { return large_ ? Int32(value) : Int16(ZeroUnless16(value)); };
+    Bytes elements;
+    for (std::size_t i = 0; i < vertices_.size(); ++i) {
+        const ModelVertex& vertex = vertices_[i];
+        RecordBytes record = VertexBytes();
+        record.Field(large_ ? 85 : 1, number(static_cast<std::int32_t>(i + 1)));
+        if (large_) record.Field(83, Int32(vertex.extra));
+        record.Field(2, Floats({vertex.place[0], vertex.place[1], vertex.place[2]}));
+        record.Field(4, Int32(vertex.color)).Field(5, Int16(vertex.bold));
+        const std::u16string label = WithoutOuterBlanks(vertex.label);
+        if (!label.empty()) record.Field(7, Text(label));
+        const std::int32_t center = large_ ? vertex.center : ZeroUnless16(vertex.center);
+        if (center > 0 && center <= std::ssize(vertices_)) record.Field(large_ ? 84 : 3, number(center));
+        record.Field(22, Int16(ZeroUnless16(vertex.pointType)));
+        Bytes axes;
+        for (std::size_t component = 0; component < 3; ++component) {
+            for (const auto& axis : vertex.axes) axes += Float(axis[component]);
+        }
+        record.Field(23, axes).Field(67, Float(vertex.area)).Field(68, Int16(ZeroUnless16(vertex.normalAxis)));
+        elements += record.Build();
+    }
+    for (std::size_t kind = 0; kind < 3; ++kind) {
+        for (const ModelJoining& element : joining_[kind]) {
+            Bytes corners;
+            for (std::size_t i = 0; i < kind + 2; ++i) corners += number(element.corners[i]);
+            RecordBytes record = JoiningBytes(kind);
+            record.Field(large_ ? WideTag(kind) : 2, corners);
+            if (large_) record.Field(ExtraTag(kind), Int32(element.extra));
+            elements += record.Field(3, Int32(element.color)).Field(4, Int16(element.bold)).Build();
+        }
+    }
+    RecordBytes record = SubStructureBytes();
+    record.Field(1, Int16(1));
+    const std::u16string label = WithoutOuterBlanks(object.label);
+    if (!label.empty()) record.Field(2, Text(label));
+    if (!vertices_.empty()) record.Field(3).Raw(elements).Field(4);
+    StructureFile file;
+    file.Version(large_ ? 15 : 12);
+    const std::u16string notes = WithoutOuterBlanks(object.notes);
+    if (!notes.empty()) file.Record(NotesBytes().Field(6, Text(notes)));
+    return file.Record(record).Build();
+}
+
+// What reading those bytes brings.
+StructureModel::Content StructureModel::SavedContent(const Object& object) const
+{
+    Content content;
+    content.version = large_ ? 15 : 12;
+    content.label = WithoutOuterBlanks(object.label);
+    content.notes = WithoutOuterBlanks(object.notes);
+    if (vertices_.empty()) return content;
+    const auto number = [&](std::int32_t value) { return large_ ? value : ZeroUnless16(value); };
+    for (ModelVertex vertex : vertices_) {
+        const std::u16string label = WithoutOuterBlanks(vertex.label);
+        vertex.label = label.empty() ? std::u16string(20, u'\0') : In20(label);
+        vertex.bold = Truth(vertex.bold);
+        vertex.center = number(vertex.center);
+        if (vertex.center < 0 || vertex.center > std::ssize(vertices_)) vertex.center = 0;
+        vertex.pointType = TypeOr0(ZeroUnless16(vertex.pointType));
+        vertex.normalAxis = AxisOr2(ZeroUnless16(vertex.normalAxis));
+        if (!large_) vertex.extra = 0;
+        content.vertices.push_back(vertex);
+    }
+    content.joining = joining_;
+    for (auto& list : content.joining) {
+        for (ModelJoining& element : list) {
+            for (std::int32_t& corner : element.corners) corner = number(corner);
+            element.bold = Truth(element.bold);
+            if (!large_) element.extra = 0;
+        }
+    }
+    return content;
+}
+
+Seen StructureModel::Save(const StructureCall& call)
+{
+    Object& object = objects_[call.object];
+    if (call.number == 0) return {{-1}, {}};
+    object.readOns.reset();
+    Seen seen = {{0}, {}};
+    for (const std::uint8_t byte : SavedBytes(object)) seen.numbers.push_back(byte);
+    saved_ = SavedContent(object);
+    return seen;
+}
+
+void StructureModel::Load(const Content& content, const StructureCall& call)
+{
+    Object& object = objects_[call.object];
+    large_ = content.version >= 13;
+    object.version = content.version;
+    vertices_ = content.vertices;
+    joining_ = content.joining;
+    if (object.label.empty()) object.label = content.label;
+    // The writer leaves empty notes out.
+    if (FileOf(call) == LoadedFile::Accepted || !content.notes.empty()) object.notes = content.notes;
+    if (!content.endMarker) Fail(call, 9);
+}
+
+Seen StructureModel::LoadFile(const StructureCall& call)
+{
+    Object& object = objects_[call.object];
+    Empty();
+    object.readOns.reset();
+    switch (FileOf(call)) {
+    case LoadedFile::Missing: break;
+    case LoadedFile::Saved:
+        if (saved_) Load(*saved_, call);
+        break;
+    case LoadedFile::Accepted: Load(AcceptedContent(call), call); break;
+    case LoadedFile::TooNew:
+        object.version = 16;
+        object.readOns = 0;
+        return Fail(call, 9);
+    case LoadedFile::NoPreamble: object.readOns = 0; return Fail(call, 9);
+    }
+    return {{0}, {}};
+}
+
+Seen StructureModel::ReadOn(const StructureCall& call)
+{
+    Object& object = objects_[call.object];
+    if (!object.readOns) return {{0}, {}};
+    if (*object.readOns == 0) {
+        ModelVertex vertex;
+        vertex.label = std::u16string(20, u'\0');
+        vertex.color = object.version >= 9 ? 1 : 2;
+        vertices_.push_back(vertex);
+    } else if (*object.readOns == 1) {
+        Fail(call, 9);
+    }
+    ++*object.readOns;
+    return {{0}, {}};
+}
+
+// ---- members -------------------------------------------------------------------------------------------------
 
 std::ostream& operator<<(std::ostream& out, const StructureCall& call)
 {
@@ -52,6 +328,7 @@ void StructureModel::Empty()
 {
     vertices_.clear();
     for (auto& list : joining_) list.clear();
+    large_ = false;
 }
 
 void StructureModel::SetCount(std::size_t kind, std::int32_t count)
@@ -241,6 +518,9 @@ Seen StructureModel::Perform(const StructureCall& call)
         object.error = 0;
         return {{error}, {}};
     }
+    case StructureMember::SaveFile: return Save(call);
+    case StructureMember::LoadFile: return LoadFile(call);
+    case StructureMember::ReadOn: return ReadOn(call);
     case StructureMember::SetErrorStatus:
         if (call.number <= 0) {
             object.error = 0;

@@ -2,13 +2,16 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // A second, plain Structure with its members, to run beside the component. It stands for one thread with two objects,
-// and shares nothing with the code under test but the enumerations.
+// and shares nothing with the code under test but the enumerations. Its files are made by the builders of the tests;
+// what reading them brings is known without reading them.
 #pragma once
 
 #include "component/DataBlockModel.h"
+#include "support/MemoryFile.h"
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -33,6 +36,9 @@ enum class StructureMember {
     Initialize,
     NewObject,
     GetErrorStatus,
+    SaveFile, // to an empty path where the number is 0
+    LoadFile,
+    ReadOn, // in a file that was refused
     SetErrorStatus,
 };
 
@@ -47,6 +53,11 @@ struct StructureCall {
     float x = 0;
 };
 std::ostream& operator<<(std::ostream& out, const StructureCall& call);
+
+// The files that calls load. Those of the last three are made anew for every call.
+enum class LoadedFile { Saved, Missing, Accepted, TooNew, NoPreamble };
+LoadedFile FileOf(const StructureCall& call);
+Bytes BytesFor(const StructureCall& call);
 
 // The label that a call with this value writes to a vertex point.
 std::u16string LabelFor(std::int32_t value);
@@ -74,17 +85,30 @@ private:
         std::int32_t normalAxis = 0;
         float area = 0;
         std::array<std::array<float, 3>, 3> axes{};
+        std::int32_t extra = 0;
     };
     struct ModelJoining {
         std::array<std::int32_t, 4> corners{};
         std::int32_t color = 0;
         std::int32_t bold = 0;
+        std::int32_t extra = 0;
+    };
+    // What reading a file brings.
+    struct Content {
+        std::int32_t version = 12;
+        std::u16string label;
+        std::u16string notes;
+        std::vector<ModelVertex> vertices;
+        std::array<std::vector<ModelJoining>, 3> joining;
+        bool endMarker = true;
     };
     struct Object {
         std::u16string label;
         std::u16string notes;
         std::int32_t error = 0;
         std::u16string text;
+        std::int32_t version = 0;
+        std::optional<int> readOns; // in the file that was refused last, while it is open
     };
 
     void Empty();
@@ -97,9 +121,18 @@ private:
     Seen AccessTransform(const StructureCall& call);
     Seen WriteJoining(const StructureCall& call);
     Seen ReadJoining(const StructureCall& call);
+    static Content AcceptedContent(const StructureCall& call);
+    Content SavedContent(const Object& object) const;
+    Bytes SavedBytes(const Object& object) const;
+    Seen Save(const StructureCall& call);
+    void Load(const Content& content, const StructureCall& call);
+    Seen LoadFile(const StructureCall& call);
+    Seen ReadOn(const StructureCall& call);
 
     std::vector<ModelVertex> vertices_;
     std::array<std::vector<ModelJoining>, 3> joining_;
+    bool large_ = false;
+    std::optional<Content> saved_; // the file that was saved last
     std::array<Object, 2> objects_;
     std::int32_t sharedError_ = 0;
 };

@@ -2,9 +2,11 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // Random sequences of Structure members, on two objects of one thread, beside the model: every result, every error
-// status, and now and then all that can be read.
+// status, and now and then all that can be read and the bytes that are saved. Files are loaded too, and the calls go on
+// with what they brought.
 #include "component/StructureModel.h"
 #include "component/StructureAccess.h"
+#include "support/TemporaryFolder.h"
 
 #include <QOR_File/QOR_File.h>
 
@@ -88,6 +90,9 @@ public:
         case StructureMember::Initialize: file.Initialize(); return {};
         case StructureMember::NewObject: clsQOR_File(); return {};
         case StructureMember::GetErrorStatus: return {{file.ErrorStatus()}, {}};
+        case StructureMember::SaveFile: return Save(file, call);
+        case StructureMember::LoadFile: return {{file.InputStructureFile(Put(call))}, {}};
+        case StructureMember::ReadOn: return {{file.InputStructureFile(u"")}, {}};
         case StructureMember::SetErrorStatus:
             file.ErrorStatus(call.number <= 0 ? NoError : SampleIndexError);
             return {};
@@ -123,10 +128,30 @@ private:
         }
     }
 
+    // The result, and the bytes of the file.
+    Seen Save(clsQOR_File& file, const StructureCall& call)
+    {
+        if (call.number == 0) return {{file.OutputStructureFile(u"")}, {}};
+        Seen seen = {{file.OutputStructureFile(Utf16(folder_ / "saved.str"))}, {}};
+        for (const std::uint8_t byte : BytesOf(folder_ / "saved.str")) seen.numbers.push_back(byte);
+        return seen;
+    }
+    // The path of the file that the call loads. One that is made has a name of its own: an earlier one may be open.
+    std::u16string Put(const StructureCall& call)
+    {
+        if (FileOf(call) == LoadedFile::Saved) return Utf16(folder_ / "saved.str");
+        if (FileOf(call) == LoadedFile::Missing) return Utf16(folder_ / "missing.str");
+        const std::string name = std::to_string(++made_) + ".str";
+        WriteBytes(folder_ / name, BytesFor(call));
+        return Utf16(folder_ / name);
+    }
+
+    TemporaryFolder folder_;
+    int made_ = 0;
     std::array<clsQOR_File, 2> objects_;
 };
 
-// Calls that read everything, one element beyond each end included.
+// Calls that read everything, one element beyond each end included, and save it.
 std::vector<StructureCall> ReadOutStructure()
 {
     using enum StructureMember;
@@ -147,6 +172,7 @@ std::vector<StructureCall> ReadOutStructure()
                 calls.push_back({.object = object, .member = ReadJoining, .kind = kind, .number = number});
             }
         }
+        calls.push_back({.object = object, .member = SaveFile, .number = 1});
     }
     return calls;
 }
@@ -177,11 +203,12 @@ std::string FirstStructureDifference(const std::vector<StructureCall>& sequence)
 rc::Gen<StructureCall> AnyStructureCall()
 {
     using enum StructureMember;
-    const auto member = rc::gen::oneOf(rc::gen::map(rc::gen::inRange(0, static_cast<int>(SetErrorStatus) + 1),
-                                                    [](int index) { return static_cast<StructureMember>(index); }),
-                                       // What fills a document comes oftener, or most sequences would touch nothing.
-                                       rc::gen::element(SetCount, SetCount, WriteVertex, WriteVertex, WriteInformation,
-                                                        WriteTransform, WriteJoining, WriteJoining, WriteJoining));
+    const auto member =
+        rc::gen::oneOf(rc::gen::map(rc::gen::inRange(0, static_cast<int>(SetErrorStatus) + 1),
+                                    [](int index) { return static_cast<StructureMember>(index); }),
+                       // What fills a document comes oftener, or most sequences would touch nothing.
+                       rc::gen::element(SetCount, SetCount, WriteVertex, WriteVertex, WriteInformation, WriteTransform,
+                                        LoadFile, ReadOn, WriteJoining, WriteJoining, WriteJoining));
     const auto number = rc::gen::weightedOneOf<std::int32_t>(
         {{40, rc::gen::inRange(-2, 9)},
          {1, rc::gen::element(std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min())}});

@@ -140,10 +140,10 @@ TEST(DataBlockPage, HeaderTableTellsWhenEachKeptValueIsWritten)
         const bool kept = std::holds_alternative<Kept16>(field.value) || std::holds_alternative<Kept32>(field.value) ||
                           std::holds_alternative<KeptAgain>(field.value);
         if (!kept) continue;
-        const std::string when = field.writtenWhen(made)       ? "always"
-                                 : field.writtenWhen(loaded)   ? "came from a file"
-                                 : field.writtenWhen(withText) ? "T is not empty"
-                                                               : "never";
+        const std::string when = field.written.Holds(made)       ? "always"
+                                 : field.written.Holds(loaded)   ? "came from a file"
+                                 : field.written.Holds(withText) ? "T is not empty"
+                                                                 : "never";
         EXPECT_EQ(rows[i].at(WhenColumn), when) << "tag " << field.tag;
     }
 }

@@ -143,6 +143,7 @@ TEST_F(ShortPaths, OfAMissingFolderNameItsParentOnly)
     const std::u16string existing = Folder("folder\\");
 
     EXPECT_EQ(ShortPathOf(existing + u"missing\\"), existing) << "there is no file name behind the last backslash";
+    EXPECT_EQ(ShortPathOf(existing + u"missing\\ "), existing) << "nor is a blank one";
 }
 
 TEST_F(ShortPaths, AreEmptyWhereNeitherFileNorFolderExists)

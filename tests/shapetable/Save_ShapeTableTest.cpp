@@ -5,6 +5,7 @@
 #include "shapetable/Saving.h"
 
 #include <limits>
+#include <new>
 #include <utility>
 
 namespace qor::test {
@@ -242,6 +243,23 @@ TEST(SaveShapeTable, AbsentValuesLeaveAFileWithoutValues)
     EXPECT_EQ(saved.bytes, NewTableBytes(2, 3));
 }
 
+// Two objects whose counts cross leave each other's values in place, but not the records.
+TEST(SaveShapeTable, NoValuesStandBehindRecordsThatAreMissing)
+{
+    Document fewerShapes = Sized(3, 2);
+    fewerShapes.table.Shapes.resize(2);
+    Document fewerDOFs = Sized(2, 3);
+    fewerDOFs.table.DOFs.resize(2);
+
+    const Saved withoutShape = Save(fewerShapes);
+    const Saved withoutDOF = Save(fewerDOFs);
+
+    EXPECT_EQ(withoutShape.status, Failure);
+    EXPECT_EQ(withoutShape.bytes, HeaderBytes(2, 3) + Times(2, NewShapeBytes()));
+    EXPECT_EQ(withoutDOF.status, Failure);
+    EXPECT_EQ(withoutDOF.bytes, HeaderBytes(3, 2) + Times(2, NewShapeBytes()) + Times(2, NewDOFBytes()));
+}
+
 TEST(SaveShapeTable, TooFewValuesAreNotWrittenInPart)
 {
     for (const auto& [shapes, dofs] : {std::pair{1, 3}, std::pair{2, 2}, std::pair{3, 2}}) {
@@ -297,6 +315,17 @@ TEST(SaveShapeTable, AFullDiskKeepsTheBeginningOfALargeFile)
     const Bytes& kept = file.Content();
     ASSERT_GT(kept.size(), 0U);
     EXPECT_EQ(kept, Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(kept.size())));
+}
+
+TEST(SaveShapeTable, WithoutMemoryToWriteWithFails)
+{
+    struct SinkWithoutMemory : ByteSink {
+        bool WriteAt(std::uint64_t, std::span<const std::byte>) override { throw std::bad_alloc(); }
+    };
+    SinkWithoutMemory sink;
+    const Document document = Sized(1, 1);
+
+    EXPECT_EQ(SaveShapeTable(sink, document.table, document.counts, document.texts), Failure);
 }
 
 // ---- whether there is anything to write -----------------------------------------------------------------------

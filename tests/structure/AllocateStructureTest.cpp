@@ -120,6 +120,37 @@ TEST(AllocateStructure, EmptiesEverythingWhereAnyListFails)
     }
 }
 
+// The sizes of all elements together, each list far below what an array holds.
+TEST(AllocateStructure, RefusesListsThatDoNotFitTheMemoryTogether)
+{
+    constexpr std::uint64_t bytes =
+        2 * sizeof(VertexPoint) + 3 * sizeof(EdgeLine) + 4 * sizeof(SurfaceTriangle) + 5 * sizeof(QuadSurface);
+    const auto allocate = [](std::uint64_t usableMemory) {
+        Structure structure;
+        structure.NumberOfVertexPoints = 2;
+        structure.NumberOfEdgeLines = 3;
+        structure.NumberOfSurfaceTriangles = 4;
+        structure.NumberOfQuadSurfaces = 5;
+        const ErrorStatusTypes error = AllocateStructure(structure, usableMemory);
+        EXPECT_EQ(structure.NumberOfVertexPoints, error == NoError ? 2 : 0);
+        EXPECT_EQ(structure.QuadSurfaces.Count(), structure.NumberOfQuadSurfaces);
+        return error;
+    };
+    EXPECT_EQ(allocate(bytes), NoError);
+    EXPECT_EQ(allocate(bytes - 1), AllocationError);
+    EXPECT_EQ(allocate(UINT64_MAX), NoError);
+}
+
+TEST(AllocateStructure, CountsWhatIsThereAlreadyToTheMemoryThatItNeeds)
+{
+    Structure structure;
+    structure.NumberOfEdgeLines = 3;
+    ASSERT_EQ(AllocateStructure(structure, 3 * sizeof(EdgeLine)), NoError);
+    structure.NumberOfVertexPoints = 1;
+    EXPECT_EQ(AllocateStructure(structure, sizeof(VertexPoint)), AllocationError);
+    EXPECT_EQ(structure.NumberOfEdgeLines, 0);
+}
+
 TEST(ReleaseStructureStorage, EmptiesEverything)
 {
     Structure structure;

@@ -279,6 +279,19 @@ TEST(Load_DiscardedRecord, IsReadPastAtEveryLevel)
     EXPECT_EQ(loaded.Point(1).Color, 1);
 }
 
+TEST(Load_DiscardedRecord, HasValuesOf16And32Bits)
+{
+    // Each value holds a closing tag where one of another width would end.
+    const RecordBytes discarded = DiscardedBytes().Field(2, Hex("34 12 FF 00")).Field(1, Int16(255)).Field(1, Int16(7));
+
+    const LoadedStructure loaded =
+        LoadStructure(StructureFile().Record(discarded).Record(VertexBytes().Field(4, Int32(1))));
+
+    EXPECT_EQ(loaded.error, NoError);
+    ASSERT_EQ(loaded.structure.NumberOfVertexPoints, 1);
+    EXPECT_EQ(loaded.Point(1).Color, 1);
+}
+
 TEST(Load_DiscardedRecord, ThatTheFileCutsOffIsNoFailure)
 {
     const Bytes cut = Int16(0x0500) + Int32(100) + Int16(1);

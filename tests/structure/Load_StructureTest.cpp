@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 namespace qor::test {
 namespace {
 
@@ -392,6 +394,54 @@ TEST(Load_Structure, AnElementWithoutRoomIsAFailureBehindWhichNothingIsRead)
     EXPECT_EQ(structure.NumberOfVertexPoints, 0);
 }
 
+// Stands for a text that the machine's memory does not hold.
+class FileBeyondMemory : public ByteSource
+{
+public:
+    std::size_t ReadAt(std::uint64_t, std::span<std::byte>) override { throw std::bad_alloc(); }
+    std::uint64_t Size() const override { return 100; }
+};
+
+TEST(Load_Structure, ATextWithoutRoomIsAFailureWithoutACode)
+{
+    FileBeyondMemory source;
+    RecordReader file(source);
+    Structure structure;
+    StructureTexts texts;
+
+    const Outcome outcome = Load_StructureRecords(file, 12, structure, texts);
+
+    EXPECT_EQ(outcome.status, Failure);
+    EXPECT_EQ(outcome.error, NoError);
+}
+
+TEST(Load_Structure, AnElementWithoutRoomAtTheEndOfTheFileIsAFailureWithoutACode)
+{
+    Structure structure;
+    FillEdgeLines(structure);
+
+    const Outcome outcome = LoadInto(structure, EdgeLineBytes().Build());
+
+    EXPECT_EQ(outcome.status, Failure);
+    EXPECT_EQ(outcome.error, NoError);
+}
+
+TEST(Load_Structure, AVertexPointWithoutRoomIsReadPastAndAFailure)
+{
+    Structure structure;
+    structure.NumberOfVertexPoints = static_cast<std::int32_t>(2147483647 / sizeof(VertexPoint));
+    ASSERT_TRUE(structure.VertexPoints.Resize(structure.NumberOfVertexPoints));
+    const std::int32_t before = structure.NumberOfVertexPoints;
+
+    const Outcome outcome =
+        LoadInto(structure, VertexBytes().Field(4, Int32(2)).Field(9).Nested(EdgeLineBytes()).Field(14).Build());
+
+    EXPECT_EQ(outcome.status, Failure);
+    EXPECT_EQ(structure.NumberOfVertexPoints, before);
+    EXPECT_EQ(structure.VertexPoints[before].Color, 0);
+    EXPECT_EQ(structure.NumberOfEdgeLines, 1) << "the run inside its record is read";
+}
+
 TEST(Load_Structure, AFailedRunDoesNotEndTheRecordThatItStandsIn)
 {
     Structure structure;
@@ -403,6 +453,19 @@ TEST(Load_Structure, AFailedRunDoesNotEndTheRecordThatItStandsIn)
     EXPECT_EQ(outcome.status, Failure);
     ASSERT_EQ(structure.NumberOfVertexPoints, 1);
     EXPECT_EQ(structure.VertexPoints[1].Color, 2);
+}
+
+TEST(Load_Structure, TheLastRunOfARecordDecidesItsResult)
+{
+    // Without room for its edge line the first run fails; it takes the next type code with it.
+    const Bytes failing = EdgeLineBytes().Build() + Int16(0);
+    const RecordBytes records[] = {VertexBytes().Field(9).Raw(failing).Field(11).Field(14),
+                                   SubStructureBytes().Field(3).Raw(failing).Field(3).Field(4)};
+    for (const RecordBytes& record : records) {
+        Structure structure;
+        FillEdgeLines(structure);
+        EXPECT_EQ(LoadInto(structure, record.Build() + Hex("AA AA")).status, Success);
+    }
 }
 
 } // namespace

@@ -83,6 +83,21 @@ TEST_F(RefusedStructureFile, ReadingOnUsesTheVersionOfTheFileReadBefore)
     }
 }
 
+// Version 9 and later skip the rest of a record from an unknown tag on; of the two colours, one is read then.
+TEST_F(RefusedStructureFile, ReadingOnUsesTheVersionOfADataBlockFileToo)
+{
+    const Bytes point = VertexBytes().Field(4, Int32(1)).Field(200).Field(4, Int32(2)).Build();
+    const std::pair<int, int> cases[] = {{12, 1}, {8, 2}, {13, 1}, {0, 2}};
+    for (const auto& [version, color] : cases) {
+        component.InputDataBlockFile(Put(DataBlockFile().Version(version).Build()));
+        component.InputStructureFile(Put(Bytes(204, 'x') + point + Hex("AA AA")));
+
+        component.InputStructureFile(u"");
+
+        EXPECT_EQ(ColorOfPoint(1), color) << version;
+    }
+}
+
 TEST_F(RefusedStructureFile, AFileThatWasReadIsClosed)
 {
     component.InputStructureFile(Put(StructureFile().Raw(Int16(4) + Colored(1))));

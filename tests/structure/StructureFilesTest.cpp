@@ -123,6 +123,17 @@ TEST_F(StructureFiles, InputReplacesTheEarlierStructure)
     EXPECT_EQ(quads.StructureNumberOfQuadSurfaces(), 0);
 }
 
+TEST_F(StructureFiles, InputLeavesTheOtherDocuments)
+{
+    component.DataBlock_NumberOfTraces(3);
+    component.ShapeTable_NumberOfShapes(2);
+
+    for (const std::u16string& path : {Put(OnePoint()), Path("missing.str")}) component.InputStructureFile(path);
+
+    EXPECT_EQ(component.DataBlock_NumberOfTraces(), 3);
+    EXPECT_EQ(component.ShapeTable_NumberOfShapes(), 2);
+}
+
 TEST_F(StructureFiles, InputKeepsTheLabelAndTheNotesThatAFileDoesNotReplace)
 {
     component.Structure_Label(u"own label");
@@ -299,6 +310,17 @@ TEST_F(StructureFiles, OutputTakesThePathWithItsBlanks)
     EXPECT_EQ(component.OutputStructureFile(Path("name ")), Success);
 
     EXPECT_TRUE(std::filesystem::exists(folder / "name "));
+}
+
+TEST_F(StructureFiles, OutputTakesAPathOfBlanksForAName)
+{
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder / "");
+
+    EXPECT_EQ(component.OutputStructureFile(u"  "), Success);
+
+    std::filesystem::current_path(before);
+    EXPECT_TRUE(std::filesystem::exists(folder / "  "));
 }
 
 TEST_F(StructureFiles, OutputChangesNeitherTextsNorErrorStatus)

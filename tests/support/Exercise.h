@@ -11,6 +11,7 @@
 #include "datablock/Save_DataBlock.h"
 #include "support/MemoryFile.h"
 #include "support/SameDocument.h"
+#include "support/UnlinkedFile.h"
 
 #include <QOR_File/QOR_File.h>
 
@@ -18,38 +19,8 @@
 #include <cstdio>
 #include <initializer_list>
 #include <string>
-#include <sys/mman.h>
-#include <unistd.h>
 
 namespace qor::test {
-
-// A file without a folder, which the system still opens by path.
-class UnlinkedFile
-{
-public:
-    explicit UnlinkedFile(const Bytes& bytes) : descriptor_(memfd_create("QOR_File", MFD_CLOEXEC))
-    {
-        good_ =
-            descriptor_ >= 0 && write(descriptor_, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
-    }
-    ~UnlinkedFile()
-    {
-        if (descriptor_ >= 0) close(descriptor_);
-    }
-    UnlinkedFile(const UnlinkedFile&) = delete;
-    UnlinkedFile& operator=(const UnlinkedFile&) = delete;
-
-    bool Good() const { return good_; }
-    std::u16string Path() const
-    {
-        const std::string path = "/proc/self/fd/" + std::to_string(descriptor_);
-        return {path.begin(), path.end()};
-    }
-
-private:
-    int descriptor_;
-    bool good_ = false;
-};
 
 // A save stops here: what a file claims may be far larger than the file.
 inline constexpr std::uint64_t LargestExercisedSave = std::uint64_t{1} << 17;

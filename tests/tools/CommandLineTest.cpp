@@ -24,7 +24,7 @@ TEST(CommandLine, WithoutACommandShowsHelp)
 
 TEST(CommandLine, EveryCommandHasHelpThatTellsTheExitCodes)
 {
-    for (const char* command : {"", "info", "dump", "import"}) {
+    for (const char* command : {"", "info", "dump", "export", "import"}) {
         const Ran ran = Workshop().Qor(std::string(command) + " --help");
         EXPECT_EQ(ran.exitCode, 0) << command;
         EXPECT_THAT(ran.output, HasSubstr("Usage: qor " + std::string(command))) << command;
@@ -35,7 +35,7 @@ TEST(CommandLine, EveryCommandHasHelpThatTellsTheExitCodes)
 
 TEST(CommandLine, EveryCommandTellsTheVersion)
 {
-    for (const char* command : {"", "info", "dump", "import"}) {
+    for (const char* command : {"", "info", "dump", "export", "import"}) {
         const Ran ran = Workshop().Qor(std::string(command) + " --version");
         EXPECT_EQ(ran.exitCode, 0) << command;
         EXPECT_THAT(ran.output, MatchesRegex("qor [0-9]+\\.[0-9]+\\.[0-9]+\n")) << command;
@@ -46,8 +46,9 @@ TEST(CommandLine, WrongUsageIsOneLineAndExitCode2)
 {
     for (const char* arguments :
          {"bogus", "--bogus", "info", "info a --format xml", "dump", "dump a b", "dump a --trace x", "dump a --shape",
-          "dump a --elements edges", "import a", "import a b --type Foo", "import a b --real --complex",
-          "import a b --delimiter xy", "import a b --delimiter , --decimal-comma", "import a b --missing few"}) {
+          "dump a --elements edges", "export a", "export a b c", "import a", "import a b --type Foo",
+          "import a b --real --complex", "import a b --delimiter xy", "import a b --delimiter , --decimal-comma",
+          "import a b --missing few"}) {
         const Ran ran = Workshop().Qor(arguments);
         EXPECT_EQ(ran.exitCode, 2) << arguments;
         EXPECT_THAT(ran.errors, MatchesRegex("qor: [^\n]+\n")) << arguments;

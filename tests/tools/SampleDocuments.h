@@ -37,13 +37,12 @@ inline void SaveThreeTraces(const std::filesystem::path& path)
     ASSERT_EQ(file.OutputDataBlockFile(Utf16(path)), Success);
 }
 
-inline constexpr std::int32_t Red = 0x0000FF;
-inline constexpr std::int32_t Blue = 0xFF0000;
-
 // A roof: four corners and a ridge point, the corners joined by lines and a quad, the ridge by triangles. Point 5
 // has local axes, a center point and an area of its own.
 inline void SaveRoof(const std::filesystem::path& path)
 {
+    constexpr std::int32_t red = 0x0000FF;
+    constexpr std::int32_t blue = 0xFF0000;
     clsQOR_File file;
     file.Structure_Label(u"Roof");
     file.Structure_Notes(u"first\nsecond");
@@ -52,12 +51,12 @@ inline void SaveRoof(const std::filesystem::path& path)
     file.WriteStructureVertexPoint(2, u"B", 2, 0, 0);
     file.WriteStructureVertexPoint(3, u"C", 2, 1.5F, 0);
     file.WriteStructureVertexPoint(4, u"D", 0, 1.5F, 0);
-    file.WriteStructureVertexPoint(5, u"Ridge", 1, 0.75F, 0.6F, Red, true);
+    file.WriteStructureVertexPoint(5, u"Ridge", 1, 0.75F, 0.6F, red, true);
     file.WriteStructureVertexPointInformation(5, 1, Cylindrical, Zaxis, 0.25F);
     file.WriteStructureVertexPointTransform(5, Xaxis, 0, 1, 0);
     file.WriteStructureVertexPointTransform(5, Yaxis, -1, 0, 0);
-    file.WriteStructureEdgeLine(-1, 1, 2, Blue);
-    file.WriteStructureEdgeLine(-1, 3, 4, Blue, true);
+    file.WriteStructureEdgeLine(-1, 1, 2, blue);
+    file.WriteStructureEdgeLine(-1, 3, 4, blue, true);
     file.WriteStructureSurfaceTriangle(-1, 1, 2, 5);
     ClassAdd_4().WriteStructureQuadSurface(-1, 1, 2, 3, 4);
     ASSERT_EQ(file.OutputStructureFile(Utf16(path)), Success);

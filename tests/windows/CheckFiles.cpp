@@ -6,11 +6,7 @@
 
 #include <QOR_File/QOR_File.h>
 
-#include <chrono>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <vector>
 
 namespace qor::test {
 namespace {
@@ -19,42 +15,6 @@ namespace fs = std::filesystem;
 
 // All bytes of the saved document below. The same on every system, so any change of it is one of the format.
 constexpr std::uint64_t SavedBytes = 0x0FCDBE832D537BBF;
-
-class Folder
-{
-public:
-    Folder()
-    {
-        // No name that a run before may have left: a process id would not do under an emulated system.
-        const auto now = std::chrono::system_clock::now().time_since_epoch().count();
-        path_ = fs::temp_directory_path() / (u"QOR_File \u00FC\u4E2D " + Digits(now));
-        fs::create_directory(path_);
-    }
-    ~Folder()
-    {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
-    fs::path operator/(const char* name) const { return path_ / name; }
-
-private:
-    static std::u16string Digits(std::int64_t number)
-    {
-        const std::string digits = std::to_string(number);
-        return {digits.begin(), digits.end()};
-    }
-
-    fs::path path_;
-};
-
-std::vector<char> BytesOf(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 void Fill(clsQOR_File& file)
 {
@@ -97,9 +57,7 @@ void CheckRoundTrip(const fs::path& path)
     clsQOR_File file;
     Fill(file);
     Check(file.OutputDataBlockFile(path.u16string()) == Success, "a document is saved");
-    Checksum saved;
-    for (const char byte : BytesOf(path)) saved.Add(std::uint32_t{static_cast<unsigned char>(byte)});
-    CheckEqual(saved.Value(), SavedBytes, "its bytes are those of every other system");
+    CheckEqual(ChecksumOf(path), SavedBytes, "its bytes are those of every other system");
 
     file.Initialize();
     Check(file.InputDataBlockFile(path.u16string()) == Success, "it is loaded");
@@ -151,7 +109,7 @@ void CheckDevices()
 
 void CheckFiles()
 {
-    const Folder folder;
+    const Folder folder(u"QOR_File \u00FC\u4E2D ");
     CheckRoundTrip(folder / "measured.blk");
     CheckFaults(folder);
     CheckDevices();

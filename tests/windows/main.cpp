@@ -47,6 +47,8 @@ int main()
     try {
         CheckDocument();
         CheckFiles();
+        CheckShapeTable();
+        CheckPaths();
         CheckConversions();
         CheckThreads();
     } catch (const std::exception& fault) {

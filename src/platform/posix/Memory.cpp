@@ -57,10 +57,14 @@ void FreeZeroed(void* memory, std::size_t bytes) noexcept
 
 std::uint64_t UsableMemory() noexcept
 {
-    const long pages = sysconf(_SC_PHYS_PAGES);
-    const long page = sysconf(_SC_PAGESIZE);
-    if (pages <= 0 || page <= 0) return SIZE_MAX;
-    return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(page);
+    // Asked for with every element that is appended, and it does not change.
+    static const std::uint64_t usable = [] {
+        const long pages = sysconf(_SC_PHYS_PAGES);
+        const long page = sysconf(_SC_PAGESIZE);
+        if (pages <= 0 || page <= 0) return std::uint64_t{SIZE_MAX};
+        return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(page);
+    }();
+    return usable;
 }
 
 } // namespace qor::platform

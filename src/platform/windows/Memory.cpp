@@ -32,10 +32,14 @@ void FreeZeroed(void* memory, std::size_t bytes) noexcept
 
 std::uint64_t UsableMemory() noexcept
 {
-    MEMORYSTATUSEX status{};
-    status.dwLength = sizeof status;
-    if (!GlobalMemoryStatusEx(&status)) return SIZE_MAX;
-    return std::min<std::uint64_t>(status.ullTotalPhys, status.ullTotalVirtual);
+    // Asked for with every element that is appended, and it does not change.
+    static const std::uint64_t usable = [] {
+        MEMORYSTATUSEX status{};
+        status.dwLength = sizeof status;
+        if (!GlobalMemoryStatusEx(&status)) return std::uint64_t{SIZE_MAX};
+        return std::min<std::uint64_t>(status.ullTotalPhys, status.ullTotalVirtual);
+    }();
+    return usable;
 }
 
 } // namespace qor::platform

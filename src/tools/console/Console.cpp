@@ -11,6 +11,17 @@
 #include <unistd.h>
 
 namespace qor::tool {
+namespace {
+
+void WriteTo(std::FILE* file, std::string_view text)
+{
+    errno = 0;
+    if (std::fwrite(text.data(), 1, text.size(), file) == text.size() && std::fflush(file) == 0) return;
+    if (errno == EPIPE) throw ReaderGone();
+    throw FileError("standard output", errno != 0 ? std::strerror(errno) : "it cannot be written");
+}
+
+} // namespace
 
 ToolError FileError(std::string_view path, std::string_view reason)
 {
@@ -19,17 +30,16 @@ ToolError FileError(std::string_view path, std::string_view reason)
 
 ToolError UsageError(std::string_view reason) { return ToolError(WrongUsage, std::string(reason)); }
 
+Output::Output(std::FILE* file)
+    : take_([file](std::string_view text) { WriteTo(file, text); }), isTerminal_(isatty(fileno(file)) == 1)
+{}
+
 void Output::Flush()
 {
     const std::string text(buffer_.data(), buffer_.size());
     buffer_.clear();
-    errno = 0;
-    if (std::fwrite(text.data(), 1, text.size(), file_) == text.size() && std::fflush(file_) == 0) return;
-    if (errno == EPIPE) throw ReaderGone();
-    throw FileError("standard output", errno != 0 ? std::strerror(errno) : "it cannot be written");
+    take_(text);
 }
-
-bool Output::IsTerminal() const { return isatty(fileno(file_)) == 1; }
 
 void PrintMessage(std::string_view text)
 {

@@ -7,9 +7,11 @@
 #include <fmt/format.h>
 
 #include <cstdio>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace qor::tool {
 
@@ -32,12 +34,14 @@ ToolError UsageError(std::string_view reason);
 // Thrown when whoever reads our output has closed it, as head does: nothing is wrong, there is just no more to do.
 struct ReaderGone {};
 
-// Buffered text output. Throws ReaderGone or ToolError when it cannot be written; nothing is written any more
-// from then on.
+// Buffered text output. When it cannot be written, nothing is written any more from then on.
 class Output
 {
 public:
-    explicit Output(std::FILE* file) : file_(file) {}
+    // To a stream: throws ReaderGone or ToolError when it cannot be written.
+    explicit Output(std::FILE* file);
+    // To whatever takes the text, a piece at a time, or throws.
+    explicit Output(std::function<void(std::string_view)> take) : take_(std::move(take)) {}
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
@@ -53,12 +57,13 @@ public:
         if (buffer_.size() >= FlushAt) Flush();
     }
     void Flush();
-    bool IsTerminal() const;
+    bool IsTerminal() const { return isTerminal_; }
 
 private:
     static constexpr std::size_t FlushAt = 1 << 16;
 
-    std::FILE* file_;
+    std::function<void(std::string_view)> take_;
+    bool isTerminal_ = false;
     fmt::memory_buffer buffer_;
 };
 

@@ -84,6 +84,13 @@ OutputFile::~OutputFile()
     removedWhenInterrupted[0] = 0;
 }
 
+void OutputFile::Append(std::string_view text)
+{
+    errno = 0;
+    if (file_->WriteAt(file_->Size(), std::as_bytes(std::span(text)))) return;
+    throw FileError(shownPath_, errno != 0 ? std::strerror(errno) : "cannot be written");
+}
+
 void OutputFile::Commit()
 {
     errno = 0;

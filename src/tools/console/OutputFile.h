@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// A document file on its way to its name. It is written under a temporary name in the same folder and gets its
+// A file on its way to its name. It is written under a temporary name in the same folder and gets its
 // own only when it is whole, so that nobody ever meets half a file, and a failure leaves an older one as it was.
 #pragma once
 
@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace qor::tool {
 
@@ -25,6 +26,8 @@ public:
     OutputFile& operator=(const OutputFile&) = delete;
 
     ByteSink& Sink() { return *file_; }
+    // Adds text at the end. Throws ToolError when the system refuses it.
+    void Append(std::string_view text);
     std::uint64_t Size() const { return file_->Size(); }
     // Gives the file its name. Throws ToolError when the system could not complete it, or when a file of that name
     // has appeared meanwhile and is not to be replaced.

@@ -47,8 +47,9 @@ void WriteTrace(const DataBlock& block, std::int32_t number, Output& output)
 }
 
 void WriteJson(const DocumentFile& file, const DataBlock& block, const std::vector<std::int32_t>& traces,
-               std::int32_t rows, Output& output)
+               Output& output)
 {
+    const std::int32_t rows = MostSamples(file, block, traces);
     WriteJsonHead(output, file, block.Label);
     output.Print("  \"format\": {},\n", JsonQuoted(DataFormatName(block.DataFormat)));
     WriteXaxis(block, rows, output);
@@ -74,14 +75,12 @@ void DumpDataBlock(DocumentFile& file, const DumpOptions& options, Output& outpu
     CheckNumbers(options.traces, block.Traces.Count(), file, "trace");
     const std::vector<std::int32_t> traces = options.traces.empty() ? AllTraces(block) : options.traces;
 
-    const std::int32_t rows = MostSamples(block, traces);
-    if (rows == 0) throw FileError(file.Path(), "holds no samples");
     if (options.format == "csv") {
-        WriteDataBlockCsv(block, traces, output);
+        WriteDataBlockCsv(file, block, traces, output);
     } else if (options.format == "json") {
-        WriteJson(file, block, traces, rows, output);
+        WriteJson(file, block, traces, output);
     } else {
-        PrintTable(DataBlockTable(block, traces), output, "");
+        PrintTable(DataBlockTable(file, block, traces), output, "");
     }
 }
 

@@ -5,7 +5,6 @@
 #include "fileio/Framing.h"
 #include "tools/console/Text.h"
 #include "tools/csv/ColumnPairs.h"
-#include "tools/documents/DocumentFile.h"
 #include "tools/dump/XaxisTexts.h"
 
 #include <algorithm>
@@ -38,17 +37,18 @@ std::vector<std::int32_t> AllTraces(const DataBlock& block)
     return traces;
 }
 
-std::int32_t MostSamples(const DataBlock& block, std::span<const std::int32_t> traces)
+std::int32_t MostSamples(const DocumentFile& file, const DataBlock& block, std::span<const std::int32_t> traces)
 {
     std::int32_t most = 0;
     for (const std::int32_t number : traces) most = std::max(most, SampleCount(block, block.Traces[number]));
+    if (most == 0) throw FileError(file.Path(), "holds no samples");
     return most;
 }
 
-ValueTable DataBlockTable(const DataBlock& block, std::span<const std::int32_t> traces)
+ValueTable DataBlockTable(const DocumentFile& file, const DataBlock& block, std::span<const std::int32_t> traces)
 {
     ValueTable table;
-    table.rows = MostSamples(block, traces);
+    table.rows = MostSamples(file, block, traces);
     const auto x = std::make_shared<const XaxisTexts>(block, table.rows);
     table.columns.push_back({x->Heading(), Align::Right, [x](std::int32_t row) { return x->Exact(row).value_or(""); },
                              [x](std::int32_t row) { return x->Rounded(row).value_or(Missing); }});
@@ -68,9 +68,10 @@ ValueTable DataBlockTable(const DataBlock& block, std::span<const std::int32_t> 
     return table;
 }
 
-void WriteDataBlockCsv(const DataBlock& block, std::span<const std::int32_t> traces, Output& output)
+void WriteDataBlockCsv(const DocumentFile& file, const DataBlock& block, std::span<const std::int32_t> traces,
+                       Output& output)
 {
-    WriteCsv(DataBlockTable(block, traces), output);
+    WriteCsv(DataBlockTable(file, block, traces), output);
 }
 
 } // namespace qor::tool

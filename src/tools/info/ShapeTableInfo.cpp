@@ -97,8 +97,8 @@ private:
                          {"Date and time"}});
         for (std::size_t i = 0; i < document_.shapes.size(); ++i) {
             const Shape& shape = document_.shapes[i];
-            table.AddRow({std::to_string(i + 1), Shown(shape.Label), fmt::format("{}", shape.Ordinate),
-                          Shown(shape.OrdinateUnits), fmt::format("{}", shape.Damping), Shown(shape.DateAndTime)});
+            table.AddRow({std::to_string(i + 1), Shown(shape.Label), fmt::format("{:.6g}", shape.Ordinate),
+                          Shown(shape.OrdinateUnits), fmt::format("{:.6g}", shape.Damping), Shown(shape.DateAndTime)});
         }
         output.Write("\n");
         table.Print(output, Indent);

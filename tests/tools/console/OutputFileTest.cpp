@@ -47,6 +47,21 @@ TEST(OutputFile, LeavesNothingWhenItIsNotCommitted)
     EXPECT_EQ(FilesIn(folder), 0);
 }
 
+TEST(OutputFile, TakesTextAPieceAtATime)
+{
+    const TemporaryFolder folder;
+    OutputFile file((folder / "a.csv").string(), false);
+    Output text([&](std::string_view piece) { file.Append(piece); });
+
+    text.Write(std::string(100000, 'a')); // more than one piece
+    text.Write("b");
+    text.Flush();
+    file.Commit();
+
+    const auto bytes = BytesOf(folder / "a.csv");
+    EXPECT_EQ(std::string(bytes.begin(), bytes.end()), std::string(100000, 'a') + "b");
+}
+
 TEST(OutputFile, RefusesAnExistingFile)
 {
     const TemporaryFolder folder;
