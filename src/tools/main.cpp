@@ -2,7 +2,7 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // qor: shows document files, exports them, and makes them of CSV files. The command line only; each command has a
-// file of its own.
+// folder of its own.
 #include "tools/console/Text.h"
 #include "tools/documents/Names.h"
 #include "tools/dump/DumpCommand.h"
@@ -53,19 +53,24 @@ CLI::Option* AddFormat(CLI::App* command, std::string& format, std::vector<std::
 
 CLI::App* AddInfo(CLI::App& app, InfoOptions& options)
 {
-    CLI::App* command = app.add_subcommand("info", "Show what stands in Data Block files, without their samples");
-    command->add_option("FILE", options.files, "Data Block files")->required();
-    command->add_flag("--stats", options.statistics, "Read the samples too: extremes, RMS and peak of every trace");
+    CLI::App* command = app.add_subcommand("info", "Show what stands in document files, without their values");
+    command->add_option("FILE", options.files, "Data Block, Structure and Shape Table files")->required();
+    command->add_flag("--stats", options.statistics, "Read all values too: extremes of every trace and shape");
     AddFormat(command, options.format, {"table", "json"});
     return command;
 }
 
 CLI::App* AddDump(CLI::App& app, DumpOptions& options)
 {
-    CLI::App* command = app.add_subcommand("dump", "Write out all values of a Data Block file");
-    command->add_option("FILE", options.file, "Data Block file")->required();
-    command->add_option("--trace", options.traces, "Only this trace, by number; may be repeated")
-        ->type_name("N")
+    CLI::App* command = app.add_subcommand("dump", "Write out all values of a document file");
+    command->add_option("FILE", options.file, "Data Block, Structure or Shape Table file")->required();
+    const auto numbers = [command](const char* name, std::vector<std::int32_t>& values, const char* help) {
+        command->add_option(name, values, help)->type_name("N")->allow_extra_args(false);
+    };
+    numbers("--trace", options.traces, "Of a Data Block only this trace, by number; may be repeated");
+    numbers("--shape", options.shapes, "Of a Shape Table only this shape, by number; may be repeated");
+    command->add_option("--elements", options.elements, "Of a Structure only these elements; may be repeated")
+        ->check(CLI::IsMember(ElementKindNames()))
         ->allow_extra_args(false);
     AddFormat(command, options.format, {"table", "csv", "json"});
     return command;
@@ -139,7 +144,8 @@ ExitCode Import(ImportOptions& options, const ImportWords& words, Output& output
 
 ExitCode Run(int argc, char** argv, Output& output)
 {
-    CLI::App app("Shows Data Block files, files of measured traces, and makes them of CSV files.", "qor");
+    CLI::App app("Shows and exports Data Blocks, Structures and Shape Tables, and makes Data Blocks of CSV files.",
+                 "qor");
     InfoOptions infoOptions;
     DumpOptions dumpOptions;
     ExportOptions exportOptions;

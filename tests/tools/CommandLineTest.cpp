@@ -45,9 +45,10 @@ TEST(CommandLine, EveryCommandTellsTheVersion)
 TEST(CommandLine, WrongUsageIsOneLineAndExitCode2)
 {
     for (const char* arguments :
-         {"bogus", "--bogus", "info", "info a --format xml", "dump", "dump a b", "dump a --trace x", "export a",
-          "export a b c", "import a", "import a b --type Foo", "import a b --real --complex",
-          "import a b --delimiter xy", "import a b --delimiter , --decimal-comma", "import a b --missing few"}) {
+         {"bogus", "--bogus", "info", "info a --format xml", "dump", "dump a b", "dump a --trace x", "dump a --shape",
+          "dump a --elements edges", "export a", "export a b c", "import a", "import a b --type Foo",
+          "import a b --real --complex", "import a b --delimiter xy", "import a b --delimiter , --decimal-comma",
+          "import a b --missing few"}) {
         const Ran ran = Workshop().Qor(arguments);
         EXPECT_EQ(ran.exitCode, 2) << arguments;
         EXPECT_THAT(ran.errors, MatchesRegex("qor: [^\n]+\n")) << arguments;

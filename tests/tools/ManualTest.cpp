@@ -39,7 +39,10 @@ TEST(Manual, ShowsWhatTheToolDoes)
     const auto steps = StepsOf(std::filesystem::path(QOR_SOURCE_DIR) / "docs/qor.md");
     ASSERT_GE(steps.size(), 10U);
     const Workshop workshop;
-    SavePlate(workshop / "plate.str"); // no command makes a Structure
+    // No command makes these.
+    SaveRoof(workshop / "roof.str");
+    SaveModes(workshop / "modes.shp");
+    SavePlate(workshop / "plate.str");
     for (const Step& step : steps) {
         if (step.command.starts_with("cat ")) {
             const std::string name = step.command.substr(4);

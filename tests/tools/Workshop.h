@@ -4,11 +4,7 @@
 // A temporary folder in which the built program is run as in a shell.
 #pragma once
 
-#include "support/TemporaryFolder.h"
-
-#include <QOR_File/QOR_File.h>
-
-#include <gtest/gtest.h>
+#include "tools/SampleDocuments.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -73,30 +69,5 @@ private:
     TemporaryFolder folder_;
     TemporaryFolder outside_; // so that a test sees only its own files
 };
-
-// Three real traces of four samples, 0.25 s apart from 1 s on; trace n holds n, -2n, 3n and 0.
-inline void SaveThreeTraces(const std::filesystem::path& path)
-{
-    clsQOR_File file;
-    file.DataBlock_Label(u"Kran 7");
-    file.DataBlock_Notes(u"first\nsecond");
-    file.DataBlock_NumberOfTraces(3);
-    file.DataBlock_NumberOfSamples(4);
-    file.DataBlock_XaxisStart(1);
-    file.DataBlock_XaxisIncrement(0.25F);
-    file.DataBlock_XaxisUnits(u"s");
-    for (std::int32_t trace = 1; trace <= 3; ++trace) {
-        const auto n = static_cast<float>(trace);
-        const float values[] = {n, -2 * n, 3 * n, 0};
-        for (std::int32_t sample = 1; sample <= 4; ++sample) {
-            file.WriteTraceSampleValue(trace, sample, values[sample - 1], 0);
-        }
-        file.Trace_Label(trace, u"Trägheit " + std::u16string(1, static_cast<char16_t>(u'0' + trace)));
-        file.Trace_MeasurementUnits(trace, u"m/s²");
-        file.Trace_MeasurementType(trace, DB_MeasurementIsTimeResponse);
-        file.Trace_DegreesOfFreedom(trace, u"1Z");
-    }
-    ASSERT_EQ(file.OutputDataBlockFile(Utf16(path)), Success);
-}
 
 } // namespace qor::test

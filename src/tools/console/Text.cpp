@@ -65,6 +65,12 @@ std::size_t PointWidth(char32_t point)
     return IsIn(DoubleWidth, point) ? 2 : 1;
 }
 
+// What needs no decoding, which is nearly all that is ever shown.
+bool IsPlain(std::string_view text)
+{
+    return std::ranges::all_of(text, [](char letter) { return letter >= 0x20 && letter < 0x7F; });
+}
+
 class BytesInMemory final : public ByteSource
 {
 public:
@@ -86,6 +92,7 @@ private:
 
 std::string Shown(std::string_view bytes)
 {
+    if (IsPlain(bytes)) return std::string(bytes);
     std::string shown;
     shown.reserve(bytes.size());
     while (!bytes.empty()) {
@@ -109,6 +116,7 @@ std::u16string TextOf(std::string_view bytes)
 
 std::size_t Width(std::string_view text)
 {
+    if (IsPlain(text)) return text.size();
     std::size_t width = 0;
     while (!text.empty()) width += PointWidth(TakePoint(text).value_or(U'?'));
     return width;

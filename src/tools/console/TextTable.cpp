@@ -9,8 +9,14 @@
 namespace qor::tool {
 namespace {
 
-constexpr std::size_t WidestOnTerminal = 36;
+constexpr std::size_t WidestText = 36;
 constexpr std::string_view Gap = "  ";
+
+// A column that is shown.
+struct Field {
+    std::size_t column;
+    std::size_t width;
+};
 
 } // namespace
 
@@ -21,28 +27,44 @@ std::string Padded(std::string_view text, std::size_t width, Align align)
     return align == Align::Left ? std::string(text) + blanks : blanks + std::string(text);
 }
 
-void TextTable::Print(Output& output, std::string_view indent) const
+void PrintTable(Output& output, std::string_view indent, std::span<const TableColumn> columns, std::int64_t rows,
+                const std::function<std::string(std::size_t column, std::int64_t row)>& cell)
 {
-    const std::size_t limit = output.IsTerminal() ? WidestOnTerminal : SIZE_MAX;
-    std::vector<std::size_t> widths(columns_.size(), 0); // 0 leaves a column out
-    for (const auto& row : rows_) {
-        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], std::min(Width(row[i]), limit));
+    const bool shortens = output.IsTerminal();
+    const auto fitted = [&](std::size_t column, std::string text) {
+        return shortens && columns[column].align == Align::Left ? Shortened(text, WidestText) : std::move(text);
+    };
+    std::vector<Field> fields;
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        std::size_t width = Width(fitted(column, columns[column].heading));
+        bool saysSomething = false;
+        for (std::int64_t row = 1; row <= rows; ++row) {
+            const std::string text = cell(column, row);
+            saysSomething = saysSomething || text != columns[column].nothing;
+            width = std::max(width, Width(fitted(column, text)));
+        }
+        if (saysSomething) fields.push_back({column, width});
     }
-    for (std::size_t i = 0; i < widths.size(); ++i) {
-        if (widths[i] > 0) widths[i] = std::max(widths[i], Width(columns_[i].heading));
-    }
-    const auto printLine = [&](auto cellOf) {
+    const auto printLine = [&](const auto& textOf) {
         std::string line(indent);
-        for (std::size_t i = 0; i < columns_.size(); ++i) {
-            if (widths[i] == 0) continue;
-            line += Padded(Shortened(cellOf(i), limit), widths[i], columns_[i].align);
+        for (const auto [column, width] : fields) {
+            line += Padded(fitted(column, textOf(column)), width, columns[column].align);
             line += Gap;
         }
         line.erase(line.find_last_not_of(' ') + 1);
         output.Print("{}\n", line);
     };
-    printLine([&](std::size_t i) { return columns_[i].heading; });
-    for (const auto& row : rows_) printLine([&](std::size_t i) { return row[i]; });
+    printLine([&](std::size_t column) { return columns[column].heading; });
+    for (std::int64_t row = 1; row <= rows; ++row) {
+        printLine([&](std::size_t column) { return cell(column, row); });
+    }
+}
+
+void TextTable::Print(Output& output, std::string_view indent) const
+{
+    PrintTable(
+        output, indent, columns_, static_cast<std::int64_t>(rows_.size()),
+        [this](std::size_t column, std::int64_t row) { return rows_[static_cast<std::size_t>(row - 1)][column]; });
 }
 
 } // namespace qor::tool

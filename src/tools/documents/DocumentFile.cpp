@@ -142,6 +142,17 @@ ShapeTableDocument DocumentFile::LoadShapeTable()
     throw FileError(path_, "is damaged: it is too short for the shapes and DOFs that it counts");
 }
 
+std::string_view VariantName(const Structure& structure) { return IsLarge(structure) ? "large" : "small"; }
+
+std::u16string_view LabelOf(const VertexPoint& point)
+{
+    constexpr std::u16string_view filling(u" \0", 2);
+    const std::u16string_view label = qor::TextOf(point.Label);
+    const auto first = label.find_first_not_of(filling);
+    if (first == std::u16string_view::npos) return {};
+    return label.substr(first, label.find_last_not_of(filling) - first + 1);
+}
+
 void WarnOfMissingEndMarker(const std::string& path)
 {
     PrintMessage(path + ": warning: the end marker is missing; the file may have been cut off");

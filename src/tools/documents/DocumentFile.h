@@ -49,6 +49,12 @@ private:
     std::int16_t version_ = 0;
 };
 
+// "small" or "large": whether a Structure file numbers its elements in 16 or in 32 bits.
+std::string_view VariantName(const Structure& structure);
+
+// The label without the blanks or zeros that fill it up.
+std::u16string_view LabelOf(const VertexPoint& point);
+
 // A file without its end marker is whole otherwise: it is worth a warning.
 void WarnOfMissingEndMarker(const std::string& path);
 

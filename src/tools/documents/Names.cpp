@@ -42,6 +42,18 @@ constexpr TypeName TypeNames[] = {
     {DB_MeasurementIsTemperature, "Temperature"},
 };
 
+// What DOFs of a Shape Table may hold beyond what traces hold.
+struct ShapeTypeName {
+    ShapeTable_MeasurementTypes type;
+    std::string_view name;
+};
+
+constexpr ShapeTypeName ShapeTypeNames[] = {
+    {ST_MeasurementIsODS, "ODS"},
+    {ST_MeasurementIsResidue, "Residue"},
+    {ST_MeasurementIsUnitModalMass, "UnitModalMass"},
+};
+
 struct UnitsName {
     XaxisUnitsAre code;
     std::string_view name;
@@ -56,6 +68,8 @@ constexpr UnitsName UnitsNames[] = {
     {XAxisIsMicrosec, "μs"},                                                      // Greek letter
     {XAxisIsOrder, "order"},  {XAxisIsOrder, "orders"},
 };
+
+std::string CodeName(std::int32_t code) { return fmt::format("code {}", code); }
 
 // In small letters, without blanks, - and _.
 std::string Essence(std::string_view name)
@@ -73,7 +87,48 @@ std::string Essence(std::string_view name)
 std::string MeasurementTypeName(std::int32_t type)
 {
     const auto* row = std::ranges::find(TypeNames, type, [](const TypeName& each) { return std::int32_t{each.type}; });
-    return row != std::end(TypeNames) ? std::string(row->name) : fmt::format("code {}", type);
+    return row != std::end(TypeNames) ? std::string(row->name) : CodeName(type);
+}
+
+std::string ShapeMeasurementTypeName(std::int32_t type)
+{
+    const auto* row =
+        std::ranges::find(ShapeTypeNames, type, [](const ShapeTypeName& each) { return std::int32_t{each.type}; });
+    return row != std::end(ShapeTypeNames) ? std::string(row->name) : MeasurementTypeName(type);
+}
+
+std::string DataSVTName(std::int32_t kind)
+{
+    switch (kind) {
+    case DataIsVector: return "Vector";
+    case DataIsScalar: return "Scalar";
+    case DataIsTensor: return "Tensor";
+    case DataIsRotation: return "Rotation";
+    case DataIsVectorReference: return "VectorReference";
+    case DataIsScalarReference: return "ScalarReference";
+    default: return CodeName(kind);
+    }
+}
+
+std::string PointTypeName(std::int32_t type)
+{
+    switch (type) {
+    case Rectangular: return "Rectangular";
+    case Cylindrical: return "Cylindrical";
+    case Spherical: return "Spherical";
+    case Machine: return "Machine";
+    default: return CodeName(type);
+    }
+}
+
+std::string AxisName(std::int32_t axis)
+{
+    switch (axis) {
+    case Xaxis: return "X";
+    case Yaxis: return "Y";
+    case Zaxis: return "Z";
+    default: return CodeName(axis);
+    }
 }
 
 std::optional<DataBlock_MeasurementTypes> MeasurementTypeOf(std::string_view name)

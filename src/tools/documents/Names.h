@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// Names for the codes of a Data Block, as they are shown and as they are taken from the command line.
+// Names for the codes in documents, as they are shown and as they are taken from the command line. A code that has no
+// name is shown as "code 99".
 #pragma once
 
 #include <QOR_File/Enumerations.h>
@@ -12,12 +13,21 @@
 
 namespace qor::tool {
 
-// "FRF", "TimeResponse"; "code 99" for one that has no name.
+// Of a trace: "FRF", "TimeResponse".
 std::string MeasurementTypeName(std::int32_t type);
 // Letter case, blanks, - and _ do not count: "time response" is TimeResponse.
 std::optional<DataBlock_MeasurementTypes> MeasurementTypeOf(std::string_view name);
 // All names, separated by commas.
 std::string MeasurementTypeNames();
+
+// Of a DOF of a Shape Table: "UnitModalMass", or one of those of a trace.
+std::string ShapeMeasurementTypeName(std::int32_t type);
+// "Vector", "Scalar", "Tensor", ... of SVTvalues.
+std::string DataSVTName(std::int32_t kind);
+// "Rectangular", "Cylindrical", ... of PointTypes.
+std::string PointTypeName(std::int32_t type);
+// "X", "Y", "Z" of AxisNumbers.
+std::string AxisName(std::int32_t axis);
 
 std::string SpacingName(std::int32_t spacing);
 // "real", "complex"; "real (code 7)" for others, whose samples are kept as real values.

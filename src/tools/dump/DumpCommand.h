@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// qor dump: all values of a Data Block file.
+// qor dump: all values of a document file.
 #pragma once
 
 #include "tools/console/Console.h"
@@ -13,9 +13,15 @@ namespace qor::tool {
 
 struct DumpOptions {
     std::string file;
-    std::vector<int> traces;      // none stands for all
+    // Of a Data Block, a Shape Table and a Structure; none stands for all.
+    std::vector<std::int32_t> traces;
+    std::vector<std::int32_t> shapes;
+    std::vector<std::string> elements;
     std::string format = "table"; // or "csv", "json"
 };
+
+// The kinds of elements of a Structure, as the command line names them.
+std::vector<std::string> ElementKindNames();
 
 ExitCode RunDump(const DumpOptions& options, Output& output);
 

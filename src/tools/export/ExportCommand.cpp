@@ -6,14 +6,13 @@
 #include "tools/console/Text.h"
 #include "tools/documents/DocumentFile.h"
 #include "tools/documents/Names.h"
-#include "tools/dump/DataBlockCsv.h"
+#include "tools/dump/DataBlockTable.h"
 #include "tools/export/ObjFile.h"
 #include "tools/export/PlyFile.h"
 #include "tools/export/VtkFile.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <numeric>
 
 namespace qor::tool {
 namespace {
@@ -34,9 +33,7 @@ std::string ExportDataBlock(DocumentFile& file, const ExportOptions&, Output& ta
 {
     DataBlock block;
     if (file.LoadDataBlock(block, ArraySelection::Everything()).error != NoError) WarnOfMissingEndMarker(file.Path());
-    std::vector<int> traces(static_cast<std::size_t>(block.Traces.Count()));
-    std::iota(traces.begin(), traces.end(), 1);
-    WriteDataBlockCsv(file, block, traces, target);
+    WriteDataBlockCsv(file, block, AllTraces(block), target);
     return fmt::format("{} {} trace{} of {}", Grouped(block.Traces.Count()), DataFormatName(block.DataFormat),
                        block.Traces.Count() == 1 ? "" : "s", Counted(block.NumberOfSamples, "sample"));
 }

@@ -37,13 +37,6 @@ std::string OneLine(std::u16string_view text)
     return line.substr(0, end).append(dots);
 }
 
-// A label that the file left out is zero characters.
-std::string LabelOf(const VertexPoint& point)
-{
-    const std::u16string_view text = qor::TextOf(point.Label);
-    return Shown(Trimmed(text.substr(0, text.find(u'\0'))));
-}
-
 class Converter
 {
 public:
@@ -86,7 +79,7 @@ private:
                     added.place, [](float value) { return !std::isfinite(value); }, 0.0F);
             }
             geometry_.points.push_back(added);
-            geometry_.pointLabels.push_back(LabelOf(point));
+            geometry_.pointLabels.push_back(Shown(LabelOf(point)));
             labelled = labelled || !geometry_.pointLabels.back().empty();
         }
         if (!labelled) geometry_.pointLabels = {};

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// qor info: what stands in Data Block files.
+// qor info: what stands in document files.
 #pragma once
 
 #include "tools/console/Console.h"

@@ -1,37 +1,54 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// What qor info shows of a file, and its two forms: for people and as JSON.
+// What qor info shows of a file, and its two forms: for people and as JSON. The head is the same for all kinds of
+// documents; each kind adds its own.
 #pragma once
 
-#include "datablock/DataBlock.h"
 #include "tools/console/Console.h"
 #include "tools/console/Json.h"
-#include "tools/documents/TraceStatistics.h"
+#include "tools/documents/DocumentFile.h"
 
-#include <optional>
-#include <vector>
+#include <memory>
 
 namespace qor::tool {
 
-struct FileInfo {
-    std::string path;
-    std::uint64_t size = 0;
-    std::int16_t version = 0;
-    bool endMarkerMissing = false;
-    DataBlock block; // without its samples
-    double firstX = 0;
-    double lastX = 0;
-    std::vector<bool> hasSamples; // by trace number - 1
+// What one kind of document adds.
+class InfoDetails
+{
+public:
+    InfoDetails() = default;
+    InfoDetails(const InfoDetails&) = delete;
+    InfoDetails& operator=(const InfoDetails&) = delete;
+    virtual ~InfoDetails() = default;
 
-    struct Statistics {
-        TraceStatistics values;
-        std::optional<double> peakX;
-    };
-    std::vector<Statistics> statistics; // by trace number - 1; empty when not asked for
+    virtual void Print(Output& output) const = 0;
+    virtual void AddTo(Json& json) const = 0;
 };
 
-void PrintInfo(Output& output, const FileInfo& info);
-Json InfoAsJson(const FileInfo& info);
+struct InfoReport {
+    std::string path;
+    DocumentKind kind = DocumentKind::DataBlock;
+    std::int16_t version = 0;
+    std::uint64_t size = 0;
+    bool endMarkerMissing = false;
+    std::u16string label;
+    std::u16string notes;
+    std::unique_ptr<const InfoDetails> details;
+};
+
+// Each for a file of that kind; sets what only the document tells. Statistics take reading of all values.
+void InspectDataBlock(DocumentFile& file, bool statistics, InfoReport& report);
+void InspectStructure(DocumentFile& file, InfoReport& report);
+void InspectShapeTable(DocumentFile& file, bool statistics, InfoReport& report);
+
+InfoReport Inspect(const std::string& path, bool statistics);
+
+void PrintInfo(Output& output, const InfoReport& report);
+Json InfoAsJson(const InfoReport& report);
+
+// For details: what lines and tables begin with, and a line "  Label    text", its text ready to be shown.
+inline constexpr std::string_view Indent = "  ";
+void PrintLine(Output& output, std::string_view name, std::string_view text);
 
 } // namespace qor::tool

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace {
 
 using namespace qor::tool;
@@ -31,6 +33,34 @@ TEST(MeasurementTypeOf, IgnoresLetterCaseBlanksAndDashes)
 }
 
 TEST(MeasurementTypeOf, KnowsNoOtherName) { EXPECT_EQ(MeasurementTypeOf("FRFs"), std::nullopt); }
+
+TEST(ShapeMeasurementTypeName, HasThreeMoreThanThoseOfTraces)
+{
+    EXPECT_EQ(ShapeMeasurementTypeName(ST_MeasurementIsODS), "ODS");
+    EXPECT_EQ(ShapeMeasurementTypeName(ST_MeasurementIsResidue), "Residue");
+    EXPECT_EQ(ShapeMeasurementTypeName(ST_MeasurementIsUnitModalMass), "UnitModalMass");
+    EXPECT_EQ(ShapeMeasurementTypeName(ST_MeasurementIsODS_FRF), "ODS_FRF");
+    EXPECT_EQ(ShapeMeasurementTypeName(ST_MeasurementIsTemperature), "Temperature");
+    EXPECT_EQ(ShapeMeasurementTypeName(19), "code 19");
+}
+
+TEST(Names, CoverEveryDeclaredCode)
+{
+    const auto named = [](auto nameOf) {
+        std::vector<std::int32_t> codes;
+        for (std::int32_t code = -1; code <= 40; ++code) {
+            if (!nameOf(code).starts_with("code")) codes.push_back(code);
+        }
+        return codes;
+    };
+    EXPECT_EQ(named(DataSVTName), (std::vector<std::int32_t>{3, 4, 5, 6, 7, 8}));
+    EXPECT_EQ(named(PointTypeName), (std::vector<std::int32_t>{0, 1, 2, 3}));
+    EXPECT_EQ(named(AxisName), (std::vector<std::int32_t>{0, 1, 2}));
+    EXPECT_EQ(named(ShapeMeasurementTypeName).size(), 28U);
+    EXPECT_EQ(DataSVTName(DataIsTensor), "Tensor");
+    EXPECT_EQ(PointTypeName(Spherical), "Spherical");
+    EXPECT_EQ(AxisName(Yaxis), "Y");
+}
 
 TEST(XaxisUnitsCodeOf, KnowsCommonUnits)
 {

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstring>
 #include <random>
+#include <utility>
 
 namespace {
 
@@ -86,14 +87,36 @@ TEST(Dump, WritesJson)
     EXPECT_EQ(json["traces"][1]["values"], Json({2, -4, 6, 0}));
 }
 
-TEST(Dump, GivesXInDoublePrecision)
+TEST(Dump, GivesXAsTheShortest32BitNumber)
 {
     const Workshop workshop;
     SaveAnyValues(workshop / "a.blk");
 
+    EXPECT_THAT(workshop.Qor("dump a.blk --format csv").output, HasSubstr("\n0.1,"));
     const Json json = Json::parse(workshop.Qor("dump a.blk --format json").output);
+    EXPECT_EQ(json["xaxis"]["values"][2999].get<double>(), 299.9);
+}
 
-    EXPECT_EQ(json["xaxis"]["values"][2999].get<double>(), 2999 * double{0.1F});
+// The axis of an increment that is no short number, far from 0, and one whose values 32 bits cannot tell apart.
+TEST(Dump, KeepsEveryBitOfTheXAxisInCsvAndBack)
+{
+    for (const auto& [start, increment] : {std::pair(0.0F, 1.0F / 44100), {12.3F, 1.0F / 3}, {1e6F, 0.001F}}) {
+        const Workshop workshop;
+        clsQOR_File file;
+        file.DataBlock_NumberOfTraces(1);
+        file.DataBlock_NumberOfSamples(5000);
+        file.DataBlock_XaxisStart(start);
+        file.DataBlock_XaxisIncrement(increment);
+        ASSERT_EQ(file.OutputDataBlockFile(Utf16(workshop / "a.blk")), Success);
+
+        const Ran ran = workshop.Shell("\"$QOR\" dump a.blk --format csv >a.csv && \"$QOR\" import a.csv b.blk");
+
+        ASSERT_EQ(ran.exitCode, 0) << ran.errors;
+        ASSERT_EQ(file.InputDataBlockFile(Utf16(workshop / "b.blk")), Success);
+        EXPECT_EQ(file.DataBlock_XaxisSpacing(), XaxisSpacing_Uniform);
+        EXPECT_EQ(file.DataBlock_XaxisStart(), start);
+        EXPECT_EQ(file.DataBlock_XaxisIncrement(), increment);
+    }
 }
 
 TEST(Dump, KeepsEveryBitOfEveryValueInCsvAndBack)
@@ -167,6 +190,28 @@ TEST(Dump, RefusesATraceThatIsNotThere)
         EXPECT_EQ(ran.exitCode, 2) << number;
         EXPECT_THAT(ran.errors, HasSubstr(std::string("has no trace ") + number + "; it has 3 traces")) << number;
         EXPECT_EQ(ran.output, "");
+    }
+}
+
+TEST(Dump, RefusesOptionsForAnotherKindOfDocument)
+{
+    const Workshop workshop;
+    SaveThreeTraces(workshop / "a.blk");
+    SaveRoof(workshop / "a.str");
+    SaveModes(workshop / "a.shp");
+    const std::pair<const char*, const char*> refused[] = {
+        {"a.str --trace 1", "a.str is a Structure file; --trace is for Data Block files"},
+        {"a.shp --trace 1", "a.shp is a Shape Table file; --trace is for Data Block files"},
+        {"a.blk --shape 1", "a.blk is a Data Block file; --shape is for Shape Table files"},
+        {"a.str --shape 1", "a.str is a Structure file; --shape is for Shape Table files"},
+        {"a.blk --elements lines", "a.blk is a Data Block file; --elements is for Structure files"},
+        {"a.shp --elements quads", "a.shp is a Shape Table file; --elements is for Structure files"},
+    };
+    for (const auto& [arguments, message] : refused) {
+        const Ran ran = workshop.Qor(std::string("dump ") + arguments);
+        EXPECT_EQ(ran.exitCode, 2) << arguments;
+        EXPECT_EQ(ran.errors, std::string("qor: ") + message + "\n");
+        EXPECT_EQ(ran.output, "") << arguments;
     }
 }
 

@@ -12,10 +12,8 @@ namespace {
 
 using namespace qor::test;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using Json = nlohmann::json;
-
-constexpr std::string_view StructureLine = "DUlmeerQOR Binary Structure File.\r\n";
-constexpr std::string_view ShapeTableLine = "DU'lmeer Binary ShapeTable File.\r\n";
 
 std::string DocumentOf(std::string_view firstLine, char version)
 {
@@ -143,17 +141,46 @@ TEST(Info, OfBadFilesOnlyIsStillJson)
     EXPECT_EQ(ran.output, "[]\n");
 }
 
-TEST(Info, RecognisesTheOtherKindsOfDocuments)
+TEST(Info, ShowsAllKindsOfDocumentsAtOnce)
 {
     const Workshop workshop;
-    workshop.Write("s.str", DocumentOf(StructureLine, 14));
-    workshop.Write("s.shp", DocumentOf(ShapeTableLine, 12));
+    SaveThreeTraces(workshop / "a.blk");
+    SaveRoof(workshop / "a.str");
+    SaveModes(workshop / "a.shp");
 
-    const Ran ran = workshop.Qor("info s.str s.shp");
+    const Ran ran = workshop.Qor("info a.blk a.str a.shp");
+
+    EXPECT_EQ(ran.exitCode, 0);
+    EXPECT_EQ(ran.errors, "");
+    EXPECT_THAT(ran.output, HasSubstr("a.blk\n  Data Block file, version 12, "));
+    EXPECT_THAT(ran.output, HasSubstr("\n\na.str\n  Structure file, version 12, "));
+    EXPECT_THAT(ran.output, HasSubstr("\n\na.shp\n  Shape Table file, version 12, "));
+}
+
+TEST(Info, OfABadFileAmongGoodOnesIsStillJson)
+{
+    const Workshop workshop;
+    SaveThreeTraces(workshop / "a.blk");
+    SaveRoof(workshop / "a.str");
+    workshop.Write("bad\nname", "just text");
+
+    const Ran ran = workshop.Qor("info a.blk 'bad\nname' a.str none --format json");
 
     EXPECT_EQ(ran.exitCode, 1);
-    EXPECT_EQ(ran.errors, "qor: s.str: is a Structure file, not a Data Block file\n"
-                          "qor: s.shp: is a Shape Table file, not a Data Block file\n");
+    EXPECT_EQ(Json::parse(ran.output).size(), 2U);
+    EXPECT_THAT(ran.errors, MatchesRegex("qor: [^\n]+\nqor: none: [^\n]+\n"));
+}
+
+TEST(Info, GivesXAsTheShortest32BitNumber)
+{
+    const Workshop workshop;
+    workshop.Write("a.csv", "0,1\n0.01,2\n0.02,1\n0.03,9\n");
+    ASSERT_EQ(workshop.Qor("import a.csv a.blk").exitCode, 0);
+
+    const Ran ran = workshop.Qor("info a.blk --format json --stats");
+
+    EXPECT_THAT(ran.output, HasSubstr("\"last\": 0.03,\n"));
+    EXPECT_THAT(ran.output, HasSubstr("\"peakX\": 0.03\n"));
 }
 
 TEST(Info, RefusesALaterVersion)
