@@ -6,7 +6,7 @@
 #include "tools/console/Console.h"
 #include "tools/console/Progress.h"
 #include "tools/csv/CsvCells.h"
-#include "tools/import/TimeStamps.h"
+#include "tools/csv/TimeStamps.h"
 
 #include <algorithm>
 #include <cerrno>

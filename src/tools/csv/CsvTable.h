@@ -5,7 +5,7 @@
 #pragma once
 
 #include "tools/console/Text.h"
-#include "tools/import/XaxisDetection.h"
+#include "tools/csv/XaxisDetection.h"
 
 #include <cstdint>
 #include <optional>

@@ -4,10 +4,10 @@
 
 #include "datablock/DataBlockLayout.h"
 #include "tools/console/Text.h"
+#include "tools/csv/XaxisDetection.h"
 #include "tools/documents/DocumentFile.h"
 #include "tools/dump/JsonParts.h"
 #include "tools/dump/ValueTable.h"
-#include "tools/import/XaxisDetection.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "tools/dump/XaxisTexts.h"
 
-#include "tools/import/XaxisDetection.h"
+#include "tools/csv/XaxisDetection.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
-#include "tools/import/XaxisDetection.h"
+#include "tools/csv/XaxisDetection.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
-#include "tools/import/TimeStamps.h"
+#include "tools/csv/TimeStamps.h"
 
 #include <gtest/gtest.h>
 
