@@ -184,7 +184,7 @@ public:
     QOR_INLINE auto Directly(Read read)
     {
         file_.Take(Used());
-        start_ = next_ = end_ = nullptr;
+        start_ = end_ = next_; // nothing at hand
         return read(file_);
     }
 

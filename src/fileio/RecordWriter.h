@@ -116,7 +116,7 @@ public:
     {
         file_.Commit(Used());
         write(file_);
-        start_ = next_ = end_ = nullptr;
+        start_ = end_ = next_; // no room at hand
     }
 
 private:
