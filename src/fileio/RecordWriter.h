@@ -38,6 +38,14 @@ public:
     FilePosition Position() const { return position_; }
     bool Failed() const { return failed_; }
 
+    // Whether so many bytes still have 32-bit positions; the writer fails where not.
+    bool FitsPositions(std::size_t bytes)
+    {
+        if (static_cast<std::uint64_t>(LastPosition - (position_ - 1)) >= bytes) return true;
+        RunOut();
+        return false;
+    }
+
     void PutInt16(std::int16_t value);
     void PutInt32(std::int32_t value);
     void PutRaw32(std::uint32_t value);
@@ -68,13 +76,6 @@ public:
 private:
     template <class Unsigned>
     void PutUnsigned(Unsigned value);
-    // Whether so many bytes still have 32-bit positions; the writer fails where not.
-    bool FitsPositions(std::size_t bytes)
-    {
-        if (static_cast<std::uint64_t>(LastPosition - (position_ - 1)) >= bytes) return true;
-        RunOut();
-        return false;
-    }
     void RunOut();
 
     static constexpr std::size_t BufferSize = std::size_t{256} << 10;

@@ -90,8 +90,11 @@ bool ForEachValue(const ShapeTable& table, const ShapeTableCounts& counts, Visit
 ReturnStatus Save_Values(RecordWriter& file, const ShapeTable& table, const ShapeTableCounts& counts)
 {
     if (!table.ShapeValues || !table.ShapeValues->Has(counts.NumberOfShapes, counts.NumberOfDOFs)) return Failure;
-    // No value is written unless all can be.
+    // No value is written unless all can be: they are one piece.
     if (!ForEachValue(table, counts, [](const ShapeValue& value) { return !IsInfinite(value); })) return Failure;
+    const std::size_t values =
+        static_cast<std::size_t>(counts.NumberOfShapes) * static_cast<std::size_t>(counts.NumberOfDOFs);
+    if (!file.FitsPositions(2 * sizeof(float) * values)) return Failure;
     ForEachValue(table, counts, [&](const ShapeValue& value) {
         const RealImaginary pair = Converted(value);
         file.PutFloat(pair.real);

@@ -218,5 +218,18 @@ TEST(RecordWriter, OneByteBeyondTheLast32BitPositionFails)
     EXPECT_EQ(sink.End(), 2147483647u) << "what came before is written";
 }
 
+TEST(RecordWriter, TellsWhetherAPieceFitsAndFailsWhereItDoesNot)
+{
+    BottomlessSink sink;
+    RecordWriter file(sink);
+    Put(file, Bytes(7));
+
+    EXPECT_TRUE(file.FitsPositions(2147483647u - 7));
+    EXPECT_FALSE(file.Failed());
+    EXPECT_FALSE(file.FitsPositions(2147483647u - 6));
+    EXPECT_TRUE(file.Failed());
+    EXPECT_EQ(sink.End(), 7u) << "what came before is written";
+}
+
 } // namespace
 } // namespace qor::test
