@@ -3,6 +3,7 @@ include(CMakePackageConfigHelpers)
 
 install(TARGETS QOR_File EXPORT QOR_FileTargets)
 install(DIRECTORY include/QOR_File TYPE INCLUDE)
+install(FILES LICENSE README.md CHANGELOG.md TYPE DOC)
 install(EXPORT QOR_FileTargets NAMESPACE QOR_File:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/QOR_File
         FILE QOR_FileConfig.cmake)
 write_basic_package_version_file(QOR_FileConfigVersion.cmake COMPATIBILITY SameMajorVersion)

@@ -10,16 +10,17 @@
 #include <stdexcept>
 #include <string>
 
-// A Failure may come without a text, as for a file that cannot be opened.
-[[noreturn]] inline void ThrowFor(const clsQOR_File& file, const std::filesystem::path& path, const char* what)
+// A Failure may come without a code, as for a file that cannot be opened; the text is then that of an older error. So
+// it is the code that counts, and one left from before must have been asked for: see Check.
+[[noreturn]] inline void ThrowFor(clsQOR_File& file, const std::filesystem::path& path, const char* what)
 {
-    const std::u16string text = file.GetLastErrorString();
-    const std::string reason = text.empty() ? what : std::filesystem::path(text).string();
+    const bool hasText = file.ErrorStatus() != NoError;
+    const std::string reason = hasText ? std::filesystem::path(file.GetLastErrorString()).string() : what;
     throw std::runtime_error(path.string() + ": " + reason);
 }
 
 // Members without a result report through ErrorStatus, which forgets the error once it was asked for.
 inline void Check(clsQOR_File& file, const std::filesystem::path& path, const char* what)
 {
-    if (file.ErrorStatus() != NoError) ThrowFor(file, path, what);
+    if (file.ErrorStatus() != NoError) throw std::runtime_error(path.string() + ": " + what);
 }

@@ -64,7 +64,8 @@ public:
     // Records an error as every failing member does: keeps the code, and for a code other than 0 builds the
     // text that GetLastErrorString returns and posts it on the platform's error object.
     void ErrorStatus(ErrorStatusTypes value);
-    // The text of the last error, as "Error (10): Trace Index error"; clears nothing. Empty before any error.
+    // The text of the last error, as "Error (10): Trace Index error"; clears nothing, so that it may be an old one: go
+    // by ErrorStatus. Codes without a text of their own read "Undefined error". Empty before any error.
     std::u16string GetLastErrorString() const;
     // Empties the documents of this thread. The error status stays.
     void Initialize();
@@ -155,7 +156,8 @@ public:
     void Trace_MeasurementType(std::int32_t TraceNumber, DataBlock_MeasurementTypes value);
     std::u16string Trace_MeasurementUnits(std::int32_t TraceNumber);
     void Trace_MeasurementUnits(std::int32_t TraceNumber, std::u16string_view value);
-    // DataIsVector, DataIsScalar or DataIsTensor; every other value is stored and read as DataIsVector.
+    // DataIsVector, DataIsScalar or DataIsTensor; every other value is stored and read as DataIsVector. It is not
+    // written to a file, where the measurement type tells the kind of data.
     SVTvalues Trace_DataSVT(std::int32_t TraceNumber);
     void Trace_DataSVT(std::int32_t TraceNumber, SVTvalues value);
 
@@ -194,6 +196,7 @@ public:
     // The shape's place on the ordinate axis, as its frequency.
     float Shape_Ordinate(std::int32_t ShapeNumber);
     void Shape_Ordinate(std::int32_t ShapeNumber, float value);
+    // In whatever unit the client uses, as percent of critical damping; nothing interprets it.
     float Shape_Damping(std::int32_t ShapeNumber);
     void Shape_Damping(std::int32_t ShapeNumber, float value);
     std::u16string Shape_DateAndTime(std::int32_t ShapeNumber);
@@ -210,6 +213,7 @@ public:
     // DataIsVector, DataIsScalar or DataIsTensor; every other value is stored and read as DataIsVector.
     SVTvalues DOF_DataSVT(std::int32_t DOFnumber);
     void DOF_DataSVT(std::int32_t DOFnumber, SVTvalues value);
+    // ST_MeasurementIsUndefined is written to a file as ST_MeasurementIsODS.
     ShapeTable_MeasurementTypes DOF_MeasurementType(std::int32_t DOFnumber);
     void DOF_MeasurementType(std::int32_t DOFnumber, ShapeTable_MeasurementTypes value);
     std::u16string DOF_MeasurementUnits(std::int32_t DOFnumber);
@@ -249,12 +253,15 @@ public:
     // Element members. Reading: the not-allocated code of an empty list, then the index code. Writing: the
     // index code, also on an empty list; number -1 appends an element, and fails with the not-allocated code
     // when memory does not suffice. Appending raises RuntimeFault::Overflow when the count cannot be raised.
+    // Numbers of vertex points are stored unchecked. A color is stored unchanged; the application's have red in the
+    // lowest byte, then green, then blue.
 
-    // The label is returned without outer blanks.
+    // The label is returned without outer blanks. One that a file left out is 20 zero characters, which are no blanks.
     ReturnStatus ReadStructureVertexPoint(const std::int32_t& VertexPointNumber, std::u16string& VertexPointLabel,
                                           float& VertexPointXcoord, float& VertexPointYcoord, float& VertexPointZcoord,
                                           std::int32_t& VertexPointColor, Bool16& VertexPointBold);
-    // Labels are cut at 20 characters. The local axes become those of the Structure. Number -1 raises the count
+    // Labels are trimmed, then cut at 20 characters. The local axes, all zeros in a new point, become those of the
+    // Structure. Number -1 raises the count
     // and then RuntimeFault::SubscriptOutOfRange: set the count and write by number instead.
     ReturnStatus WriteStructureVertexPoint(const std::int32_t& VertexPointNumber, std::u16string_view VertexPointLabel,
                                            const float& VertexPointXcoord, const float& VertexPointYcoord,
@@ -281,8 +288,9 @@ public:
                                                       const std::int32_t& CenterPointNumber,
                                                       const PointTypes& PointType = Rectangular,
                                                       const AxisNumbers& NormalAxis = Xaxis, const float& Area = 0);
-    // Stores, as published, and returns nothing: a center point beyond 16 bits is left as it was, a negative
-    // one is stored.
+    // Not a getter: as published it stores its arguments in the point like the member above, and gives nothing
+    // back. These values cannot be read through this interface. A center point beyond 16 bits is left as it was, a
+    // negative one is stored.
     ReturnStatus ReadStructureVertexPointInformation(const std::int32_t& VertexPointNumber,
                                                      const std::int32_t& CenterPointNumber,
                                                      const PointTypes& TransformType = Rectangular,
@@ -298,14 +306,16 @@ public:
     // written only where there are vertex points. Failure without a code when the file cannot be made; faults
     // while writing are not reported.
     ReturnStatus OutputStructureFile(std::u16string_view Structure_FilePathName);
-    // Replaces the thread's Structure by the file's. The label is taken only while this object has none. A file
+    // Replaces the thread's Structure and the notes by the file's. The label is taken only while this object has
+    // none: to read one file after another, set it to an empty text before each. A file
     // that cannot be opened gives Success and an empty Structure, as published. InputFile_ReadFail for what is
     // wrong in the file, also beside Success where it lacks its end marker. A file that was refused stays open:
     // an empty path reads on in it, until this object opens another.
     ReturnStatus InputStructureFile(std::u16string_view FilePathName);
 
     // ---- path names -------------------------------------------------------------------------------------
-    // The only separator is the backslash. No member sets the error status.
+    // The only separator is the backslash, on every system: of a path with slashes all is the file name. No member
+    // sets the error status.
 
     // The short form of a path, empty where neither it nor its folder exists.
     std::u16string GetDOS_FilePathName(std::u16string_view FilePathName) const;

@@ -46,7 +46,7 @@ QOR_INLINE inline void SaveString(ItemWriter& items, std::u16string_view text)
         items.Directly([text](RecordWriter& file) { SaveString(file, text); });
         return;
     }
-    items.PutInt32(static_cast<std::int32_t>(text.size()));
+    items.PutAll(static_cast<std::int32_t>(text.size()));
     std::byte* place = items.PutPiece(sizeof(char16_t) * text.size());
     for (const char16_t unit : text) {
         PutLittleEndian(std::exchange(place, place + sizeof unit), static_cast<std::uint16_t>(unit));

@@ -179,8 +179,7 @@ void Save_Record(RecordWriter& file, std::int16_t type, const Record& record, co
     const FilePosition lengthField = file.Position() + FilePosition{sizeof type};
     {
         ItemWriter items(file);
-        items.PutInt16(type);
-        items.PutInt32(static_cast<std::int32_t>(lengthField)); // its own position until the record is closed
+        items.PutAll(type, static_cast<std::int32_t>(lengthField)); // its own position until the record is closed
         const auto save = [&]<std::size_t Row>(std::integral_constant<std::size_t, Row>, const auto& from) QOR_INLINE {
             static constexpr const auto& field = Fields[Row];
             if (!field.written.Holds(context)) return;
@@ -193,16 +192,12 @@ void Save_Record(RecordWriter& file, std::int16_t type, const Record& record, co
             } else if constexpr (std::is_same_v<Value, std::u16string Record::*>) {
                 Save_Text(items, field.tag, from.*value);
             } else {
-                items.PutInt16(field.tag);
-                if constexpr (std::is_same_v<Value, std::int16_t Record::*>) items.PutInt16(from.*value);
-                if constexpr (std::is_same_v<Value, std::int32_t Record::*>) items.PutInt32(from.*value);
-                if constexpr (std::is_same_v<Value, float Record::*>) items.PutFloat(from.*value);
-                if constexpr (std::is_same_v<Value, Constant16>) items.PutInt16(value.value);
-                if constexpr (std::is_same_v<Value, Kept16>) {
-                    items.PutInt16(static_cast<std::int16_t>(KeptValue(from, field.tag)));
-                }
-                if constexpr (std::is_same_v<Value, Kept32>) items.PutRaw32(KeptValue(from, field.tag));
-                if constexpr (std::is_same_v<Value, KeptAgain>) items.PutRaw32(KeptValue(from, value.tag));
+                const auto put = [&](auto each) QOR_INLINE { items.PutAll(field.tag, each); };
+                if constexpr (std::is_member_object_pointer_v<Value>) put(from.*value);
+                if constexpr (std::is_same_v<Value, Constant16>) put(value.value);
+                if constexpr (std::is_same_v<Value, Kept16>) put(static_cast<std::int16_t>(KeptValue(from, field.tag)));
+                if constexpr (std::is_same_v<Value, Kept32>) put(KeptValue(from, field.tag));
+                if constexpr (std::is_same_v<Value, KeptAgain>) put(KeptValue(from, value.tag));
             }
         };
         const auto saveAll = [&]<std::size_t... Row>(std::index_sequence<Row...>) QOR_INLINE

@@ -12,6 +12,7 @@
 #include <bit>
 #include <cstring>
 #include <memory>
+#include <type_traits>
 
 namespace qor {
 
@@ -97,10 +98,14 @@ public:
     ItemWriter(const ItemWriter&) = delete;
     ItemWriter& operator=(const ItemWriter&) = delete;
 
-    QOR_INLINE void PutInt16(std::int16_t value) { Put(static_cast<std::uint16_t>(value)); }
-    QOR_INLINE void PutInt32(std::int32_t value) { Put(static_cast<std::uint32_t>(value)); }
-    QOR_INLINE void PutRaw32(std::uint32_t value) { Put(value); }
-    QOR_INLINE void PutFloat(float value) { Put(std::bit_cast<std::uint32_t>(value)); }
+    QOR_INLINE void PutInt16(std::int16_t value) { PutAll(value); }
+    // Several items that stand together, each a 16-bit or 32-bit value or an array of such.
+    template <class... Values>
+    QOR_INLINE void PutAll(const Values&... values)
+    {
+        std::byte* place = PutPiece((sizeof(Values) + ...));
+        (PutAt(place, values), ...);
+    }
     // The longest piece.
     static constexpr std::size_t LongestPiece = 256;
     // A place for so many bytes, which are all to be put there.
@@ -131,10 +136,16 @@ private:
         end_ = start_ + room.size();
     }
 
-    template <class Unsigned>
-    QOR_INLINE void Put(Unsigned value)
+    template <class Value>
+    QOR_INLINE static void PutAt(std::byte*& place, const Value& value)
     {
-        PutLittleEndian(PutPiece(sizeof value), value);
+        using Unsigned = std::conditional_t<sizeof(Value) == 2, std::uint16_t, std::uint32_t>;
+        PutLittleEndian(std::exchange(place, place + sizeof value), std::bit_cast<Unsigned>(value));
+    }
+    template <class Value, std::size_t Count>
+    QOR_INLINE static void PutAt(std::byte*& place, const std::array<Value, Count>& values)
+    {
+        for (const Value& value : values) PutAt(place, value);
     }
 
     RecordWriter& file_;

@@ -71,33 +71,22 @@ private:
                          ItemWriter& items) const
     {
         switch (step) {
-        case VertexStep::SmallNumber: items.PutInt16(tag); return items.PutInt16(Narrowed(number));
-        case VertexStep::LargeNumber: items.PutInt16(tag); return items.PutInt32(number);
-        case VertexStep::Coordinates:
-            items.PutInt16(tag);
-            items.PutFloat(point.Xcoord);
-            items.PutFloat(point.Ycoord);
-            return items.PutFloat(point.Zcoord);
-        case VertexStep::Bold: items.PutInt16(tag); return items.PutInt16(point.Bold.value);
+        case VertexStep::SmallNumber: return items.PutAll(tag, Narrowed(number));
+        case VertexStep::LargeNumber: return items.PutAll(tag, number);
+        case VertexStep::Coordinates: return items.PutAll(tag, point.Xcoord, point.Ycoord, point.Zcoord);
+        case VertexStep::Bold: return items.PutAll(tag, point.Bold.value);
         case VertexStep::Label: return Save_Text(items, tag, TextOf(point.Label));
         case VertexStep::SmallCenterPoint:
             if (const auto center = WrittenCenterPoint(Narrowed(point.CenterPoint)); center > 0) {
-                items.PutInt16(tag);
-                items.PutInt16(static_cast<std::int16_t>(center));
+                items.PutAll(tag, static_cast<std::int16_t>(center));
             }
             return;
         case VertexStep::LargeCenterPoint:
-            if (const auto center = WrittenCenterPoint(point.CenterPoint); center > 0) {
-                items.PutInt16(tag);
-                items.PutInt32(center);
-            }
+            if (const auto center = WrittenCenterPoint(point.CenterPoint); center > 0) items.PutAll(tag, center);
             return;
-        case VertexStep::PointType: items.PutInt16(tag); return items.PutInt16(Narrowed(point.PointType));
-        case VertexStep::Axes:
-            items.PutInt16(tag);
-            for (const float value : point.AxisEnd) items.PutFloat(value);
-            return;
-        case VertexStep::NormalAxis: items.PutInt16(tag); return items.PutInt16(Narrowed(point.NormalAxis));
+        case VertexStep::PointType: return items.PutAll(tag, Narrowed(point.PointType));
+        case VertexStep::Axes: return items.PutAll(tag, point.AxisEnd);
+        case VertexStep::NormalAxis: return items.PutAll(tag, Narrowed(point.NormalAxis));
         case VertexStep::NestedRun: return;
         }
     }
@@ -113,15 +102,13 @@ private:
     {
         Save_Record<Fields>(file_, type, element, structure_,
                             [&](ElementStep step, std::int16_t tag, ItemWriter& items) QOR_INLINE {
-                                items.PutInt16(tag);
                                 switch (step) {
                                 case ElementStep::SmallVertexPoints:
+                                    items.PutInt16(tag);
                                     for (const std::int32_t each : element.VertexPoints) items.PutInt16(Narrowed(each));
                                     return;
-                                case ElementStep::LargeVertexPoints:
-                                    for (const std::int32_t each : element.VertexPoints) items.PutInt32(each);
-                                    return;
-                                case ElementStep::Bold: return items.PutInt16(element.Bold.value);
+                                case ElementStep::LargeVertexPoints: return items.PutAll(tag, element.VertexPoints);
+                                case ElementStep::Bold: return items.PutAll(tag, element.Bold.value);
                                 }
                             });
     }

@@ -274,7 +274,7 @@ Seen ShapeTableModel::Perform(const ShapeTableCall& call)
     case ShapeTableMember::GetCounts: return {{object.shapes, object.dofs, lastAllocation_}, {}};
     case ShapeTableMember::SetTexts:
         object.label = ShapeTableTextFor(call.value);
-        object.notes = ShapeTableTextFor(call.value + 1);
+        object.notes = ShapeTableTextFor(call.value ^ 1);
         return {};
     case ShapeTableMember::GetTexts: return {{}, {object.label, object.notes, object.text, posted_}};
     case ShapeTableMember::SetShapeText:

@@ -41,7 +41,7 @@ public:
                 {}};
         case ShapeTableMember::SetTexts:
             file.ShapeTable_Label(ShapeTableTextFor(call.value));
-            file.ShapeTable_Notes(ShapeTableTextFor(call.value + 1));
+            file.ShapeTable_Notes(ShapeTableTextFor(call.value ^ 1));
             return {};
         case ShapeTableMember::GetTexts:
             return {{},

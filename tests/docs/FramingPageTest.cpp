@@ -5,6 +5,8 @@
 #include "datablock/DataBlockLayout.h"
 #include "docs/Page.h"
 #include "fileio/Framing.h"
+#include "shapetable/ShapeTableLayout.h"
+#include "structure/StructureLayout.h"
 
 #include <gtest/gtest.h>
 
@@ -85,12 +87,18 @@ TEST(FramingPage, ListsTheCharactersOfOldTexts)
     EXPECT_EQ(loaded, expected);
 }
 
-TEST(FramingPage, GivesTheIdentificationOfADataBlockFile)
+TEST(FramingPage, GivesTheIdentificationOfEachKindOfFile)
 {
-    const auto row = Page("framing.md").RowsBehind("The same application").at(0);
+    const auto rows = Page("framing.md").RowsBehind("The other two kinds");
 
-    EXPECT_EQ(row.at(1), "`" + std::string(DataBlock_Identification) + "`");
-    EXPECT_EQ(row.at(2), std::to_string(DataBlock_Identification.size()));
+    std::size_t row = 0;
+    for (const std::string_view identification :
+         {DataBlock_Identification, Structure_Identification, ShapeTable_Identification}) {
+        EXPECT_EQ(rows.at(row).at(1), std::string("`").append(identification).append("`"));
+        EXPECT_EQ(rows.at(row).at(2), std::to_string(identification.size()));
+        ++row;
+    }
+    EXPECT_EQ(rows.size(), row);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 // Small documents of every kind, as the published members write them.
 #pragma once
 
+#include "support/DataBlockFile.h"
 #include "support/TemporaryFolder.h"
 
 #include <QOR_File/QOR_File.h>
@@ -88,6 +89,12 @@ inline void SaveModes(const std::filesystem::path& path)
         file.DOF_MeasurementUnits(dof, dof < 3 ? u"m/s²" : u"µm/m");
     }
     ASSERT_EQ(file.OutputShapeTableFile(Utf16(path)), Success);
+}
+
+// Counts three traces of two samples, as only a damaged file does, and holds one.
+inline void SaveOneTraceOfThree(const std::filesystem::path& path)
+{
+    WriteBytes(path, SizedFile(3, 2).Field(11).Nested(TraceBytes().Field(17, Floats({1, 2}))).Field(12).Build());
 }
 
 } // namespace qor::test

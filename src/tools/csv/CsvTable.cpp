@@ -260,7 +260,12 @@ private:
         if (table_.x.empty()) {
             firstStamp_ = ParseTimeStamp(text);
             if (firstStamp_) table_.firstTimeStamp = text;
-            if (!firstStamp_ && !IsNumber(text)) FailCell(text, "is neither a number nor a date and time");
+            if (!firstStamp_ && !IsNumber(text)) {
+                const bool hasComma = !options_.decimalComma && text.find(',') != std::string::npos;
+                FailCell(text, hasComma ? "is neither a number nor a date and time; --decimal-comma takes a comma for "
+                                          "the decimal point"
+                                        : "is neither a number nor a date and time");
+            }
         }
         const double value = firstStamp_ ? SecondsAt(text) : XNumber(text);
         if (!table_.x.empty() && value < table_.x.back()) {

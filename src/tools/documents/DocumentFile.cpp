@@ -29,12 +29,12 @@ struct KnownKind {
     std::int16_t oldest;
 };
 constexpr std::int16_t AnyOlder = std::numeric_limits<std::int16_t>::min();
-// Data Blocks come last: they are what is nothing else. Without tags, a Shape Table of another version cannot even
-// be guessed at.
+// Data Blocks come last: they are also what says nothing else. Without tags, a Shape Table of another version cannot
+// even be guessed at.
 constexpr KnownKind Kinds[] = {
     {DocumentKind::Structure, "Structure", "BINARY STRUCTURE", LargeStructure_Version, AnyOlder},
     {DocumentKind::ShapeTable, "Shape Table", "BINARY SHAPETABLE", ShapeTable_Version, ShapeTable_Version},
-    {DocumentKind::DataBlock, "Data Block", "", DataBlock_Version, AnyOlder},
+    {DocumentKind::DataBlock, "Data Block", "BINARY DATABLOCK", DataBlock_Version, AnyOlder},
 };
 
 platform::File Open(const std::string& path)
@@ -66,13 +66,6 @@ std::string IdentificationLine(ByteSource& source)
     return line;
 }
 
-const KnownKind& KindOf(ByteSource& source)
-{
-    const std::string line = IdentificationLine(source);
-    return *std::ranges::find_if(Kinds,
-                                 [&](const KnownKind& kind) { return line.find(kind.keyword) != std::string::npos; });
-}
-
 constexpr std::string_view Damaged = "is damaged: its records end early or make no sense";
 
 [[noreturn]] void ThrowOutOfMemory(const std::string& path)
@@ -89,7 +82,11 @@ DocumentFile::DocumentFile(const std::string& path) : path_(path), file_(Open(pa
     RecordReader reader(file_);
     const auto version = FindPreamble(reader);
     if (!version) throw FileError(path, "is not a document file");
-    const KnownKind& kind = KindOf(file_);
+    const std::string line = IdentificationLine(file_);
+    const auto* const found = std::ranges::find_if(
+        Kinds, [&](const KnownKind& each) { return line.find(each.keyword) != std::string::npos; });
+    saysKind_ = found != std::end(Kinds);
+    const KnownKind& kind = saysKind_ ? *found : *std::prev(std::end(Kinds));
     if (*version > kind.newest || *version < kind.oldest) {
         const std::string_view range = kind.oldest == AnyOlder ? "versions up to" : "only version";
         throw FileError(path, fmt::format("is a {} file of version {}; {} {} can be read", kind.name, *version, range,
@@ -106,6 +103,9 @@ LoadResult DocumentFile::LoadDataBlock(DataBlock& block, const ArraySelection& s
     }
     const LoadResult result = qor::LoadDataBlock(file_, block, selection);
     if (result.error == AllocationError) ThrowOutOfMemory(path_);
+    if (!saysKind_ && (result.status == Failure || !block.DataBlockFromFile)) {
+        throw FileError(path_, "is of no kind that its first line tells, or is damaged");
+    }
     if (result.status == Failure) {
         if (block.NumberOfSamples >= 0 && block.NumberOfSamples < 2 && block.Traces.Count() == 0) {
             throw FileError(path_, "is a Data Block file without samples, or a damaged one");
@@ -123,7 +123,6 @@ StructureDocument DocumentFile::LoadStructure()
     StructureDocument document;
     document.structure.LargeStructureFormat = IsLargeVersion(version_);
     const auto [status, error] = Load_StructureRecords(reader, version_, document.structure, document.texts);
-    if (error == AllocationError) ThrowOutOfMemory(path_);
     if (status == Failure) throw FileError(path_, Damaged);
     document.endMarkerMissing = error != NoError;
     return document;
@@ -156,6 +155,20 @@ std::u16string_view LabelOf(const VertexPoint& point)
 void WarnOfMissingEndMarker(const std::string& path)
 {
     PrintMessage(path + ": warning: the end marker is missing; the file may have been cut off");
+}
+
+std::string EmptyTracesWarning(std::ptrdiff_t traces, std::ptrdiff_t without)
+{
+    if (without == 0) return "";
+    return fmt::format("{} of {} without samples", Grouped(without), Counted(traces, "trace"));
+}
+
+void WarnOfEmptyTraces(const std::string& path, const DataBlock& block, std::span<const std::int32_t> traces)
+{
+    const auto without = std::ranges::count_if(
+        traces, [&](std::int32_t number) { return SampleCount(block, block.Traces[number]) == 0; });
+    const std::string warning = EmptyTracesWarning(std::ssize(traces), without);
+    if (!warning.empty()) PrintMessage(fmt::format("{}: warning: {}", path, warning));
 }
 
 std::optional<double> XValue(const DataBlock& block, std::int32_t sampleNumber)

@@ -9,6 +9,7 @@
 #include "structure/Load_Structure.h"
 #include "tools/documents/ShapeTableFile.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -46,6 +47,7 @@ private:
     std::string path_;
     platform::File file_;
     DocumentKind kind_ = DocumentKind::DataBlock;
+    bool saysKind_ = false; // in its first line
     std::int16_t version_ = 0;
 };
 
@@ -57,6 +59,11 @@ std::u16string_view LabelOf(const VertexPoint& point);
 
 // A file without its end marker is whole otherwise: it is worth a warning.
 void WarnOfMissingEndMarker(const std::string& path);
+
+// "3 of 7 traces without samples", which a damaged file may bring; empty where all have some.
+std::string EmptyTracesWarning(std::ptrdiff_t traces, std::ptrdiff_t without);
+// As a message about the file, for those traces.
+void WarnOfEmptyTraces(const std::string& path, const DataBlock& block, std::span<const std::int32_t> traces);
 
 // X value of a sample, from 1, as the Data Block gives it; nothing where an explicit X axis is absent or too short.
 std::optional<double> XValue(const DataBlock& block, std::int32_t sampleNumber);

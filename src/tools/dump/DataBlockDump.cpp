@@ -74,6 +74,7 @@ void DumpDataBlock(DocumentFile& file, const DumpOptions& options, Output& outpu
     if (result.error != NoError) WarnOfMissingEndMarker(file.Path());
     CheckNumbers(options.traces, block.Traces.Count(), file, "trace");
     const std::vector<std::int32_t> traces = options.traces.empty() ? AllTraces(block) : options.traces;
+    WarnOfEmptyTraces(file.Path(), block, traces);
 
     if (options.format == "csv") {
         WriteDataBlockCsv(file, block, traces, output);

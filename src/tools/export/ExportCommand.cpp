@@ -33,7 +33,9 @@ std::string ExportDataBlock(DocumentFile& file, const ExportOptions&, Output& ta
 {
     DataBlock block;
     if (file.LoadDataBlock(block, ArraySelection::Everything()).error != NoError) WarnOfMissingEndMarker(file.Path());
-    WriteDataBlockCsv(file, block, AllTraces(block), target);
+    const std::vector<std::int32_t> traces = AllTraces(block);
+    WarnOfEmptyTraces(file.Path(), block, traces);
+    WriteDataBlockCsv(file, block, traces, target);
     return fmt::format("{} {} trace{} of {}", Grouped(block.Traces.Count()), DataFormatName(block.DataFormat),
                        block.Traces.Count() == 1 ? "" : "s", Counted(block.NumberOfSamples, "sample"));
 }
@@ -85,6 +87,7 @@ ExitCode RunExport(const ExportOptions& options, Output& output)
 {
     DocumentFile file(options.file);
     const Format& format = FormatFor(file.Kind(), options.outputFile);
+    if (options.withoutPointLabels && format.ending != ".vtk") throw UsageError("--no-labels is for .vtk files");
     std::error_code notBoth;
     if (std::filesystem::equivalent(options.file, options.outputFile, notBoth)) {
         throw UsageError(fmt::format("{} would replace the file that is read", options.outputFile));

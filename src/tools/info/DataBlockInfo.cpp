@@ -82,6 +82,9 @@ public:
         PrintLine(output, "Traces",
                   fmt::format("{}, {}", Grouped(block.Traces.Count()), DataFormatName(block.DataFormat)));
         if (block.Traces.Count() == 0) return;
+        const std::string warning = EmptyTracesWarning(
+            block.Traces.Count(), std::count(hasSamples.begin(), hasSamples.begin() + block.Traces.Count(), false));
+        if (!warning.empty()) PrintLine(output, "Warning", warning);
         output.Write("\n");
         PrintTraces(output);
         if (!statistics.empty()) PrintStatistics(output);
@@ -118,7 +121,7 @@ private:
 
     std::string AxisText() const
     {
-        const std::string units = Shown(XaxisUnitsText(block));
+        const std::string units = Shortened(Shown(XaxisUnitsText(block)), 36); // a damaged count may make it thousands
         const std::string unitsBehind = units.empty() ? "" : fmt::format(" {}", units);
         std::string text =
             fmt::format("{}, {} to {}{}", SpacingName(block.XaxisSpacing), XText(firstX), XText(lastX), unitsBehind);

@@ -261,6 +261,12 @@ TEST(CsvTable, RefusesAMixtureOfNumbersAndTimeStamps)
               "2:1: \"2022-02-30 00:00:01\" is neither a number nor a date and time");
 }
 
+TEST(CsvTable, NamesTheOptionForDecimalCommasWhereTheXAxisHasThem)
+{
+    EXPECT_EQ(Refusal("T;A\n0,5;1\n"), "2:1: \"0,5\" is neither a number nor a date and time; --decimal-comma takes a "
+                                       "comma for the decimal point");
+}
+
 TEST(CsvTable, RefusesQuotesInTheWrongPlace)
 {
     const std::string reason = "a quote stands where none belongs, or a double one is missing";

@@ -240,4 +240,16 @@ TEST(Dump, RefusesAFileWithoutTraces)
     EXPECT_EQ(ran.errors, "qor: a.blk: holds no samples\n");
 }
 
+TEST(Dump, WarnsOfTracesWithoutSamples)
+{
+    const Workshop workshop;
+    SaveOneTraceOfThree(workshop / "a.blk");
+
+    const Ran ran = workshop.Qor("dump a.blk --format csv");
+
+    EXPECT_EQ(ran.exitCode, 0);
+    EXPECT_EQ(ran.output, "X,Trace 1,Trace 2,Trace 3\n0,1,,\n0,2,,\n");
+    EXPECT_EQ(ran.errors, "qor: a.blk: warning: 2 of 3 traces without samples\n");
+}
+
 } // namespace

@@ -205,6 +205,29 @@ TEST(ExportVtk, LeavesLabelsOutWhereToldTo)
     EXPECT_THAT(workshop.Read("a.vtk"), EndsWith("CELL_TYPES 0\n"));
 }
 
+TEST(ExportObj, RefusesTheOptionForLabelsOfVtkFiles)
+{
+    const Workshop workshop;
+    GeometryFile().Point(1, 2, 3, u"A").Save(workshop / "a.str");
+
+    const Ran ran = workshop.Qor("export a.str a.obj --no-labels");
+
+    EXPECT_EQ(ran.exitCode, 2);
+    EXPECT_EQ(ran.errors, "qor: --no-labels is for .vtk files\n");
+    EXPECT_FALSE(workshop.Has("a.obj"));
+}
+
+TEST(ExportCsv, WarnsOfTracesWithoutSamples)
+{
+    const Workshop workshop;
+    SaveOneTraceOfThree(workshop / "a.blk");
+
+    const Ran ran = workshop.Qor("export a.blk a.csv");
+
+    EXPECT_EQ(ran.exitCode, 0);
+    EXPECT_EQ(ran.errors, "qor: a.blk: warning: 2 of 3 traces without samples\n");
+}
+
 TEST(ExportCsv, WritesWhatDumpWrites)
 {
     const Workshop workshop;

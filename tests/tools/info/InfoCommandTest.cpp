@@ -322,4 +322,35 @@ TEST(Info, AnswersAtOnceForALargeFile)
     EXPECT_THAT(ran.output, HasSubstr("200,000,000"));
 }
 
+TEST(Info, WarnsOfTracesWithoutSamples)
+{
+    const Workshop workshop;
+    SaveOneTraceOfThree(workshop / "a.blk");
+
+    EXPECT_THAT(workshop.Qor("info a.blk").output,
+                HasSubstr("  Traces   3, real\n  Warning  2 of 3 traces without samples\n"));
+}
+
+TEST(Info, ShortensUnitsThatADamagedCountMakesLong)
+{
+    const Workshop workshop;
+    clsQOR_File file;
+    file.DataBlock_NumberOfSamples(2);
+    file.DataBlock_XaxisUnits(std::u16string(5000, u'm'));
+    ASSERT_EQ(file.OutputDataBlockFile(Utf16(workshop / "a.blk")), Success);
+
+    EXPECT_THAT(workshop.Qor("info a.blk").output, HasSubstr("0 to 0 " + std::string(35, 'm') + "… in steps"));
+}
+
+TEST(Info, TellsThatTheFirstLineNamesNoKind)
+{
+    const Workshop workshop;
+    workshop.Write("a.str", DocumentOf("DUlmeerQOR Binary Struktur File.\r\n", 12));
+
+    const Ran ran = workshop.Qor("info a.str");
+
+    EXPECT_EQ(ran.exitCode, 1);
+    EXPECT_EQ(ran.errors, "qor: a.str: is of no kind that its first line tells, or is damaged\n");
+}
+
 } // namespace
