@@ -35,6 +35,8 @@ class Reader:
         line_end = data[:200].find(b"\r\n", word)
         if word < 0 or line_end < 0:
             raise Damaged("not a document file")
+        if any(other in data[:line_end].upper() for other in (b"STRUCTURE", b"SHAPETABLE")):
+            raise Damaged("a document of another kind")
         self.pos = line_end + 2
         self.version = self.peek("h")
         if self.version > 12:

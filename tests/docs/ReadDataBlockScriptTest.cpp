@@ -5,6 +5,8 @@
 // the pages' own examples. Where it reads them, the pages suffice.
 #include "datablock/Save_DataBlock.h"
 #include "docs/Page.h"
+#include "shapetable/ShapeTableLayout.h"
+#include "structure/StructureLayout.h"
 #include "support/DataBlockFile.h"
 #include "support/TemporaryFolder.h"
 
@@ -140,6 +142,15 @@ TEST(ReadDataBlockScript, ReadsAFileWithoutItsEndMarker)
     EXPECT_EQ(run.exitStatus, 0);
     EXPECT_NE(run.output.find("the end marker is missing"), std::string::npos);
     EXPECT_NE(run.output.find("trace 2"), std::string::npos);
+}
+
+TEST(ReadDataBlockScript, RefusesTheOtherKindsOfDocuments)
+{
+    for (const std::string_view line : {Structure_Identification, ShapeTable_Identification}) {
+        const ScriptRun run = RunReaderOn(DataBlockFile().FirstLine(line).Build());
+        EXPECT_EQ(run.exitStatus, 1);
+        EXPECT_TRUE(run.output.ends_with("/file: a document of another kind\n")) << run.output;
+    }
 }
 
 TEST(ReadDataBlockScript, FailsOnAFileThatEndsInsideItsRecord)
