@@ -84,6 +84,38 @@ void EveryRowAlone(const FieldWidths& widths, const std::set<int>& steps, const 
     }
 }
 
+struct Sample {
+    std::int16_t word = 0;
+    std::int32_t number = 0;
+    std::u16string text;
+    float value = 0;
+};
+enum class SampleStep { Fixed, Open };
+constexpr Field<Sample, SampleStep> Sample_Fields[] = {
+    {1, &Sample::word},  {2, &Sample::number},  {3, SampleStep::Fixed}, {4, &Sample::text},
+    {5, &Sample::value}, {6, SampleStep::Open}, {7, Dropped{2}},
+};
+
+// How many bytes the fixed step takes.
+template <std::size_t Fixed>
+struct SampleSteps {
+    static constexpr std::size_t Bytes(SampleStep step) { return step == SampleStep::Fixed ? Fixed : 0; }
+};
+
+TEST(FixedRuns, CountTheValuesAndTheTagsBehindThem)
+{
+    const std::array<std::size_t, 6> expected = {(2 + 2) + (4 + 2) + (12 + 2), 0, 0, 0, 4 + 2, 0};
+
+    EXPECT_EQ((FixedRuns<Sample_Fields, SampleSteps<12>>), expected);
+}
+
+TEST(FixedRuns, AreNoLongerThanWhatAReaderHolds)
+{
+    const std::array<std::size_t, 6> expected = {(2 + 2) + (4 + 2), 0, 250 + 2, 0, 4 + 2, 0};
+
+    EXPECT_EQ((FixedRuns<Sample_Fields, SampleSteps<250>>), expected);
+}
+
 TEST(DataBlock_Fields, HasARowForEveryTagThatFilesHold)
 {
     EXPECT_EQ(TagsOf(DataBlock_Fields), TagsOf(DataBlockWidths()));
