@@ -4,10 +4,11 @@
 
 #include "Figures.h"
 
-#include <QOR_File/QOR_File.h>
+#include <QOR_File/FileArrays.h>
 
 #include <cmath>
 #include <complex>
+#include <cstring>
 
 namespace qor::bench {
 namespace {
@@ -143,6 +144,99 @@ void Add(const std::string& name, Format format)
     Register("sample_write_" + name, Runs, [=](State& state) { TimeWrites<Value>(state, format); });
 }
 
+// ---- whole traces ------------------------------------------------------------------------------------------
+
+constexpr std::int32_t LongTrace = 1'000'000;
+
+// One trace of that many samples, and arrays for all of them. A real trace has no second array.
+struct WholeTrace {
+    explicit WholeTrace(Format format) : complex(format != DataFormat_Real)
+    {
+        file.DataBlock_TraceDataFormat(format);
+        file.DataBlock_NumberOfSamples(LongTrace);
+        file.DataBlock_NumberOfTraces(1);
+        for (std::int32_t sample = 1; sample <= LongTrace; ++sample) {
+            first.push_back(First(sample));
+            if (complex) second.push_back(Second(sample));
+        }
+        copy.resize(first.size() + second.size());
+    }
+
+    void Read() { benchmark::DoNotOptimize(FileArrays(file).ReadTraceSamples(1, first, second)); }
+    void Write() { benchmark::DoNotOptimize(FileArrays(file).WriteTraceSamples(1, first, second)); }
+    void ReadOneByOne()
+    {
+        float dropped = 0;
+        for (std::int32_t sample = 1; sample <= LongTrace; ++sample) {
+            const auto i = static_cast<std::size_t>(sample - 1);
+            benchmark::DoNotOptimize(file.ReadTraceSampleValue(1, sample, first[i], complex ? second[i] : dropped));
+        }
+    }
+    void WriteOneByOne()
+    {
+        for (std::int32_t sample = 1; sample <= LongTrace; ++sample) {
+            const auto i = static_cast<std::size_t>(sample - 1);
+            benchmark::DoNotOptimize(file.WriteTraceSampleValue(1, sample, first[i], complex ? second[i] : 0));
+        }
+    }
+    // As many bytes, between two arrays.
+    void Copy()
+    {
+        std::memcpy(copy.data(), first.data(), first.size() * sizeof(float));
+        std::memcpy(copy.data() + first.size(), second.data(), second.size() * sizeof(float));
+        benchmark::ClobberMemory();
+    }
+
+    // Whether the members find what was written, and one call reads it again.
+    bool Holds()
+    {
+        std::fill(first.begin(), first.end(), -1.0F);
+        std::fill(second.begin(), second.end(), -1.0F);
+        Read();
+        for (std::int32_t sample = 1; sample <= LongTrace; ++sample) {
+            const auto i = static_cast<std::size_t>(sample - 1);
+            float real = -2;
+            float imaginary = -2;
+            file.ReadTraceSampleValue(1, sample, real, imaginary);
+            if (real != First(sample) || first[i] != real) return false;
+            if (complex && (imaginary != Second(sample) || second[i] != imaginary)) return false;
+        }
+        return true;
+    }
+
+    const bool complex;
+    clsQOR_File file;
+    std::vector<float> first;
+    std::vector<float> second;
+    std::vector<float> copy;
+};
+
+using Work = void (WholeTrace::*)();
+
+void TimeTrace(State& state, Format format, Work work, Work reference)
+{
+    WholeTrace trace(format);
+    trace.Write();
+    trace.Copy();
+    for (auto each : state) {
+        (void)each;
+        TimeBeside(
+            state, [&] { (trace.*work)(); }, [&] { (trace.*reference)(); });
+    }
+    if (!trace.Holds()) state.SkipWithError("wrong samples");
+}
+
+void AddTrace(const std::string& name, Format format)
+{
+    const auto add = [&](const std::string& figure, Work work, Work reference) {
+        Register(figure + name, Runs, [=](State& state) { TimeTrace(state, format, work, reference); });
+    };
+    add("trace_read_", &WholeTrace::Read, &WholeTrace::Copy);
+    add("trace_write_", &WholeTrace::Write, &WholeTrace::Copy);
+    add("one_by_one_read_", &WholeTrace::ReadOneByOne, &WholeTrace::Read);
+    add("one_by_one_write_", &WholeTrace::WriteOneByOne, &WholeTrace::Write);
+}
+
 } // namespace
 
 void RegisterSampleBenchmarks()
@@ -150,6 +244,8 @@ void RegisterSampleBenchmarks()
     Add<float>("real", DataFormat_Real);
     Add<std::complex<float>>("complex", DataFormat_RealImaginary);
     Add<std::complex<float>>("magnitude_phase", DataFormat_MgnitudePhase);
+    AddTrace("real", DataFormat_Real);
+    AddTrace("complex", DataFormat_RealImaginary);
 }
 
 } // namespace qor::bench

@@ -327,6 +327,7 @@ public:
     Bool16 PathNamesEqual(std::u16string_view FilePathName1, std::u16string_view FilePathName2) const;
 
 private:
+    friend class FileArrays; // sees the documents as this object does
     struct State;
 
     ReturnStatus Report(ReturnStatus status, ErrorStatusTypes error);

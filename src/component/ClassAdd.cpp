@@ -14,14 +14,9 @@ using namespace qor;
 
 namespace {
 
-void Share(ErrorStatusTypes error)
-{
-    if (error != NoError) modQOR_File().SharedErrorStatus = error;
-}
-
 oReturnStatus Shared(ErrorStatusTypes error)
 {
-    Share(error);
+    ShareError(error);
     return error == NoError ? oReturnStatus::Success : oReturnStatus::Failure;
 }
 
@@ -29,7 +24,7 @@ template <class T>
 T Get(std::int32_t traceNumber, T Trace::*field)
 {
     T value{};
-    Share(GetTraceField(modQOR_File().DataBlock, traceNumber, field, value));
+    ShareError(GetTraceField(modQOR_File().DataBlock, traceNumber, field, value));
     return value;
 }
 
@@ -38,7 +33,7 @@ T Get(std::int32_t traceNumber, T Trace::*field)
 void ClassAdd_1::TraceLinPower(std::int32_t TraceNumber, TraceLinPowerFlags value)
 {
     DataBlock& block = modQOR_File().DataBlock;
-    Share(SetTraceNarrowed(block, TraceNumber, &Trace::LinPower, value));
+    ShareError(SetTraceNarrowed(block, TraceNumber, &Trace::LinPower, value));
     block.DataBlockFromFile = false; // also after a failed check
 }
 TraceLinPowerFlags ClassAdd_1::TraceLinPower(std::int32_t TraceNumber) const
@@ -57,7 +52,7 @@ DataBlockPeakRMSFlags ClassAdd_2::DataBlockPeakRMS() const
 
 void ClassAdd_3::TraceZaxisLabel(std::int32_t TraceNumber, std::u16string_view value)
 {
-    Share(SetTraceField(modQOR_File().DataBlock, TraceNumber, &Trace::ZaxisLabel, std::u16string(value)));
+    ShareError(SetTraceField(modQOR_File().DataBlock, TraceNumber, &Trace::ZaxisLabel, std::u16string(value)));
 }
 std::u16string ClassAdd_3::TraceZaxisLabel(std::int32_t TraceNumber) const
 {

@@ -23,11 +23,6 @@ constexpr std::int32_t MostTraces = 32000;
 
 DataBlock& Block() { return modQOR_File().DataBlock; }
 
-ComplexView ViewOf(DataBlock_DataFormatTypes format)
-{
-    return format == DataFormat_MgnitudePhase ? ComplexView::MagnitudePhase : ComplexView::RealImaginary;
-}
-
 // A trace's field; fallback, and the error reported, where the check fails.
 template <class T>
 T Get(clsQOR_File& object, std::int32_t traceNumber, T Trace::*field, T fallback = T{})
@@ -62,7 +57,7 @@ void clsQOR_File::UpdateAllocationFlags()
 {
     const DataBlock& block = Block();
     state_->TraceDataAllocated = block.NumberOfSamples > 0 || block.NumberOfTraces > 0; // either suffices, on purpose
-    state_->XaxisAllocated = block.XaxisSpacing != UniformSpacing && block.NumberOfSamples > 0;
+    state_->XaxisAllocated = HasXaxis(block);
 }
 
 void clsQOR_File::ReallocateDataBlock()
@@ -138,16 +133,16 @@ void clsQOR_File::DataBlock_XaxisIncrement(float value)
 ReturnStatus clsQOR_File::ReadTraceSampleValue(const std::int32_t& TraceNumber, const std::int32_t& SampleNumber,
                                                float& RealValue, float& ImaginaryValue)
 {
-    const auto [status, error] = ReadTraceSample(Block(), ViewOf(state_->PublicDataFormat), TraceNumber, SampleNumber,
-                                                 RealValue, ImaginaryValue);
+    const auto [status, error] =
+        ReadTraceSample(Block(), state_->View(), TraceNumber, SampleNumber, RealValue, ImaginaryValue);
     return Report(status, error);
 }
 
 ReturnStatus clsQOR_File::WriteTraceSampleValue(const std::int32_t& TraceNumber, const std::int32_t& SampleNumber,
                                                 const float& RealValue, const float& ImaginaryValue)
 {
-    const auto [status, error] = WriteTraceSample(Block(), ViewOf(state_->PublicDataFormat), TraceNumber, SampleNumber,
-                                                  RealValue, ImaginaryValue);
+    const auto [status, error] =
+        WriteTraceSample(Block(), state_->View(), TraceNumber, SampleNumber, RealValue, ImaginaryValue);
     return Report(status, error);
 }
 

@@ -4,6 +4,7 @@
 // What each clsQOR_File has for itself, beside the documents that it shares with the others of its thread.
 #pragma once
 
+#include "datablock/SampleAccess.h"
 #include "fileio/RecordReader.h"
 #include "platform/File.h"
 #include "shapetable/ShapeTableLayout.h"
@@ -36,6 +37,11 @@ struct clsQOR_File::State {
     Bool16 TraceDataAllocated = false;
     Bool16 XaxisAllocated = false;
     DataBlock_DataFormatTypes PublicDataFormat = DataFormat_Undefined;
+    qor::ComplexView View() const
+    {
+        return PublicDataFormat == DataFormat_MgnitudePhase ? qor::ComplexView::MagnitudePhase
+                                                            : qor::ComplexView::RealImaginary;
+    }
 
     qor::ShapeTableTexts ShapeTexts;
     qor::ShapeTableCounts ShapeCounts;

@@ -8,6 +8,7 @@
 #include "fileio/Framing.h"
 #include "platform/File.h"
 #include "shapetable/Save_ShapeTable.h"
+#include "shapetable/ValueAccess.h"
 
 #include <algorithm>
 
@@ -16,19 +17,6 @@ using namespace qor;
 namespace {
 
 ShapeTable& Table() { return modQOR_File().ShapeTable; }
-
-bool InRange(std::int32_t number, std::int32_t count) { return number >= 1 && number <= count; }
-
-ErrorStatusTypes CheckShape(std::int32_t number, std::int32_t count, ErrorStatusTypes indexError)
-{
-    if (count < 1) return ShapeDataNotAllocated;
-    return InRange(number, count) ? NoError : indexError;
-}
-
-ErrorStatusTypes CheckDOF(std::int32_t number, std::int32_t count)
-{
-    return InRange(number, count) ? NoError : DOFIndexError;
-}
 
 // The record of that number, which the array may lack although the count covers it.
 template <class Record>
@@ -203,46 +191,20 @@ void clsQOR_File::DOF_MeasurementUnits(std::int32_t DOFnumber, std::u16string_vi
 
 // ---- values ---------------------------------------------------------------------------------------------
 
-namespace {
-
-ErrorStatusTypes CheckValue(const ShapeTableCounts& counts, std::int32_t shape, std::int32_t dof,
-                            ErrorStatusTypes shapeError)
-{
-    const ErrorStatusTypes error = CheckShape(shape, counts.NumberOfShapes, shapeError);
-    if (error != NoError) return error;
-    if (counts.NumberOfDOFs < 1) return DOFsNotAllocated;
-    return CheckDOF(dof, counts.NumberOfDOFs);
-}
-
-ShapeValue* FindValue(std::int32_t shape, std::int32_t dof)
-{
-    auto& values = Table().ShapeValues;
-    return values && values->Has(shape, dof) ? &values->At(shape, dof) : nullptr;
-}
-
-} // namespace
-
 ReturnStatus clsQOR_File::ReadShapeDOFvalue(const std::int32_t& ShapeNumber, const std::int32_t& DOFnumber,
                                             float& MagnitudeValue, float& PhaseValue)
 {
-    const auto error = CheckValue(state_->ShapeCounts, ShapeNumber, DOFnumber, SampleIndexError);
-    if (error != NoError) return Report(Failure, error);
-    if (const ShapeValue* const value = FindValue(ShapeNumber, DOFnumber)) {
-        MagnitudeValue = value->Magnitude;
-        PhaseValue = value->Phase;
-    }
-    return Success;
+    const ErrorStatusTypes error =
+        ReadShapeValue(Table(), state_->ShapeCounts, ShapeNumber, DOFnumber, MagnitudeValue, PhaseValue);
+    return Report(error == NoError ? Success : Failure, error);
 }
 
 ReturnStatus clsQOR_File::WriteShapeDOFvalue(const std::int32_t& ShapeNumber, const std::int32_t& DOFnumber,
                                              const float& MagnitudeValue, const float& PhaseValue)
 {
-    const auto error = state_->ShapeCounts.ShapeTableAllocated
-                           ? CheckValue(state_->ShapeCounts, ShapeNumber, DOFnumber, ShapeIndexError)
-                           : ShapeDataNotAllocated;
-    if (error != NoError) return Report(Failure, error);
-    if (ShapeValue* const value = FindValue(ShapeNumber, DOFnumber)) *value = {MagnitudeValue, PhaseValue};
-    return Success;
+    const ErrorStatusTypes error =
+        WriteShapeValue(Table(), state_->ShapeCounts, ShapeNumber, DOFnumber, MagnitudeValue, PhaseValue);
+    return Report(error == NoError ? Success : Failure, error);
 }
 
 // ---- file -----------------------------------------------------------------------------------------------

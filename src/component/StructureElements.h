@@ -5,6 +5,7 @@
 #pragma once
 
 #include "component/modQOR_File.h"
+#include "structure/ElementAccess.h"
 
 #include <QOR_File/QOR_File.h>
 
@@ -30,13 +31,6 @@ inline bool RaiseCount(std::int32_t& count)
     if (count == std::numeric_limits<std::int32_t>::max()) throw RuntimeFault(RuntimeFault::Overflow);
     ++count;
     return AllocateSharedStructure();
-}
-
-inline ErrorStatusTypes CheckElement(std::int32_t count, std::int32_t number, ErrorStatusTypes notAllocated,
-                                     ErrorStatusTypes indexError)
-{
-    if (count < 1) return notAllocated;
-    return number < 1 || number > count ? indexError : NoError;
 }
 
 // Stores a joining element, or appends it.

@@ -18,11 +18,6 @@ namespace {
 
 Structure& Geometry() { return modQOR_File().Structure; }
 
-ErrorStatusTypes CheckVertexPoint(std::int32_t number)
-{
-    return CheckElement(Geometry().NumberOfVertexPoints, number, VertexPointsNotAllocated, VertexPointIndexError);
-}
-
 bool Fits16(std::int32_t value)
 {
     using Limits = std::numeric_limits<std::int16_t>;
@@ -74,7 +69,7 @@ ReturnStatus clsQOR_File::ReadStructureVertexPoint(const std::int32_t& VertexPoi
                                                    float& VertexPointYcoord, float& VertexPointZcoord,
                                                    std::int32_t& VertexPointColor, Bool16& VertexPointBold)
 {
-    const ErrorStatusTypes error = CheckVertexPoint(VertexPointNumber);
+    const ErrorStatusTypes error = CheckVertexPoint(Geometry(), VertexPointNumber);
     if (error != NoError) return Report(Failure, error);
     const VertexPoint& point = Geometry().VertexPoints[VertexPointNumber];
     VertexPointLabel = Trimmed(TextOf(point.Label));
@@ -102,14 +97,8 @@ ReturnStatus clsQOR_File::WriteStructureVertexPoint(const std::int32_t& VertexPo
     if (VertexPointNumber < 1 || VertexPointNumber > structure.NumberOfVertexPoints) {
         return Report(Failure, VertexPointIndexError);
     }
-    VertexPoint& point = structure.VertexPoints[VertexPointNumber];
-    point.Label = PaddedLabel(Trimmed(VertexPointLabel));
-    point.Xcoord = VertexPointXcoord;
-    point.Ycoord = VertexPointYcoord;
-    point.Zcoord = VertexPointZcoord;
-    point.Color = VertexPointColor;
-    point.Bold = VertexPointBold;
-    point.AxisEnd = {1, 0, 0, 0, 1, 0, 0, 0, 1};
+    StoreVertexPoint(structure.VertexPoints[VertexPointNumber], VertexPointLabel, VertexPointXcoord, VertexPointYcoord,
+                     VertexPointZcoord, VertexPointColor, VertexPointBold);
     return Success;
 }
 
@@ -118,7 +107,7 @@ ReturnStatus clsQOR_File::WriteStructureVertexPointInformation(const std::int32_
                                                                const PointTypes& PointType,
                                                                const AxisNumbers& NormalAxis, const float& Area)
 {
-    const ErrorStatusTypes error = CheckVertexPoint(VertexPointNumber);
+    const ErrorStatusTypes error = CheckVertexPoint(Geometry(), VertexPointNumber);
     if (error != NoError) return Report(Failure, error);
     VertexPoint& point = Geometry().VertexPoints[VertexPointNumber];
     point.PointType = PointType;
@@ -135,7 +124,7 @@ ReturnStatus clsQOR_File::ReadStructureVertexPointInformation(const std::int32_t
                                                               const PointTypes& TransformType,
                                                               const AxisNumbers& NormalAxis, const float& Area)
 {
-    const ErrorStatusTypes error = CheckVertexPoint(VertexPointNumber);
+    const ErrorStatusTypes error = CheckVertexPoint(Geometry(), VertexPointNumber);
     if (error != NoError) return Report(Failure, error);
     VertexPoint& point = Geometry().VertexPoints[VertexPointNumber];
     if (Fits16(CenterPointNumber)) point.CenterPoint = CenterPointNumber;
@@ -149,7 +138,7 @@ namespace {
 
 ErrorStatusTypes CheckTransform(std::int32_t number, AxisNumbers axis)
 {
-    const ErrorStatusTypes error = CheckVertexPoint(number);
+    const ErrorStatusTypes error = CheckVertexPoint(Geometry(), number);
     if (error != NoError) return error;
     return axis < Xaxis || axis > Zaxis ? AxisNumberError : NoError;
 }

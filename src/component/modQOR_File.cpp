@@ -18,6 +18,11 @@ ThreadDocuments::~ThreadDocuments() { --threadsWithDocuments; }
 
 ThreadDocuments& modQOR_File() { return platform::PerThread<ThreadDocuments>(); }
 
+void ShareError(ErrorStatusTypes error)
+{
+    if (error != NoError) modQOR_File().SharedErrorStatus = error;
+}
+
 int ThreadsWithDocuments() { return threadsWithDocuments; }
 
 } // namespace qor

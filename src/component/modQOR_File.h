@@ -29,6 +29,9 @@ struct ThreadDocuments {
 // Those of the calling thread, made at its first call and released when it ends.
 ThreadDocuments& modQOR_File();
 
+// Leaves an error, not NoError, as the thread's shared error status.
+void ShareError(ErrorStatusTypes error);
+
 // How many threads hold documents at this moment.
 int ThreadsWithDocuments();
 

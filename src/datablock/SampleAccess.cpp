@@ -4,7 +4,9 @@
 
 #include "datablock/Conversion.h"
 
+#include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace qor {
 namespace {
@@ -23,6 +25,49 @@ ErrorStatusTypes CheckXaxis(const DataBlock& block, bool allocated, std::int32_t
     if (!allocated || block.NumberOfSamples < 1) return XaxisNotAllocated;
     if (sampleNumber < 1 || sampleNumber > block.NumberOfSamples) return SampleIndexError;
     return NoError;
+}
+
+// An array for all samples is refused like the number behind the last one, after what the first one's number meets.
+bool IsWhole(const DataBlock& block, std::size_t length) { return std::cmp_equal(length, block.NumberOfSamples); }
+
+ErrorStatusTypes CheckSamples(const DataBlock& block, std::int32_t traceNumber, std::size_t first, std::size_t second)
+{
+    if (const ErrorStatusTypes error = CheckSample(block, traceNumber, 1); error != NoError) return error;
+    return IsWhole(block, first) && (second == 0 || IsWhole(block, second)) ? NoError : SampleIndexError;
+}
+
+ErrorStatusTypes CheckXaxisValues(const DataBlock& block, bool allocated, std::size_t length)
+{
+    if (const ErrorStatusTypes error = CheckXaxis(block, allocated, 1); error != NoError) return error;
+    return IsWhole(block, length) ? NoError : SampleIndexError;
+}
+
+// The elements that an array holds of those that a count asks for.
+template <class Array>
+auto Held(Array& array, std::size_t count)
+{
+    const auto values = array.Values();
+    return values.first(std::min(values.size(), count));
+}
+
+// What a view shows of a stored sample, and what it stores. Not as a result: where a float is returned through the x87,
+// a NaN may change on the way.
+void ShowFirst(ComplexView view, ComplexSample sample, float& first)
+{
+    first = view == ComplexView::MagnitudePhase ? MagnitudeOf(sample.real, sample.imaginary) : sample.real;
+}
+void ShowSecond(ComplexView view, ComplexSample sample, float& second)
+{
+    second = view == ComplexView::MagnitudePhase ? PhaseOf(sample.real, sample.imaginary, true) : sample.imaginary;
+}
+ComplexSample SampleOf(ComplexView view, float first, float second)
+{
+    return view == ComplexView::MagnitudePhase ? FromMagnitudePhase(first, second) : ComplexSample{first, second};
+}
+
+bool HasKnownFormat(const DataBlock& block)
+{
+    return block.DataFormat == RealFormat || block.DataFormat == ComplexFormat;
 }
 
 Outcome Failed(ErrorStatusTypes error) { return {Failure, error}; }
@@ -51,13 +96,8 @@ Outcome ReadTraceSample(const DataBlock& block, ComplexView view, std::int32_t t
     } else if (block.DataFormat == ComplexFormat) {
         if (!trace.ComplexSamples.Has(sampleNumber)) return {};
         const ComplexSample sample = trace.ComplexSamples[sampleNumber];
-        if (view == ComplexView::MagnitudePhase) {
-            first = MagnitudeOf(sample.real, sample.imaginary);
-            second = PhaseOf(sample.real, sample.imaginary, true);
-        } else {
-            first = sample.real;
-            second = sample.imaginary;
-        }
+        ShowFirst(view, sample, first);
+        ShowSecond(view, sample, second);
     } else {
         return UnknownFormat;
     }
@@ -69,17 +109,59 @@ Outcome WriteTraceSample(DataBlock& block, ComplexView view, std::int32_t traceN
 {
     const ErrorStatusTypes error = CheckSample(block, traceNumber, sampleNumber);
     if (error != NoError) return Failed(error);
-    if (block.DataFormat != RealFormat && block.DataFormat != ComplexFormat) return UnknownFormat;
+    if (!HasKnownFormat(block)) return UnknownFormat;
     if (!block.Traces.Has(traceNumber)) return {};
     Trace& trace = block.Traces.Edit(traceNumber);
     if (block.DataFormat == RealFormat) {
         if (trace.RealSamples.Has(sampleNumber)) trace.RealSamples[sampleNumber] = first;
     } else if (trace.ComplexSamples.Has(sampleNumber)) {
-        trace.ComplexSamples[sampleNumber] =
-            view == ComplexView::MagnitudePhase ? FromMagnitudePhase(first, second) : ComplexSample{first, second};
+        trace.ComplexSamples[sampleNumber] = SampleOf(view, first, second);
     }
     return {};
 }
+
+Outcome ReadTraceSamples(const DataBlock& block, ComplexView view, std::int32_t traceNumber, std::span<float> first,
+                         std::span<float> second)
+{
+    const ErrorStatusTypes error = CheckSamples(block, traceNumber, first.size(), second.size());
+    if (error != NoError) return Failed(error);
+    if (!HasKnownFormat(block)) return UnknownFormat;
+    const Trace& trace = block.Traces[traceNumber];
+    if (block.DataFormat == RealFormat) {
+        const auto samples = Held(trace.RealSamples, first.size());
+        std::copy(samples.begin(), samples.end(), first.begin());
+        std::fill(second.begin(), second.end(), 0.0F);
+    } else {
+        const auto samples = Held(trace.ComplexSamples, first.size());
+        for (std::size_t i = 0; i < samples.size(); ++i) {
+            ShowFirst(view, samples[i], first[i]);
+            if (!second.empty()) ShowSecond(view, samples[i], second[i]);
+        }
+    }
+    return {};
+}
+
+Outcome WriteTraceSamples(DataBlock& block, ComplexView view, std::int32_t traceNumber, std::span<const float> first,
+                          std::span<const float> second)
+{
+    const ErrorStatusTypes error = CheckSamples(block, traceNumber, first.size(), second.size());
+    if (error != NoError) return Failed(error);
+    if (!HasKnownFormat(block)) return UnknownFormat;
+    if (!block.Traces.Has(traceNumber)) return {};
+    Trace& trace = block.Traces.Edit(traceNumber);
+    if (block.DataFormat == RealFormat) {
+        const auto samples = Held(trace.RealSamples, first.size());
+        std::copy_n(first.begin(), samples.size(), samples.begin());
+    } else {
+        const auto samples = Held(trace.ComplexSamples, first.size());
+        for (std::size_t i = 0; i < samples.size(); ++i) {
+            samples[i] = SampleOf(view, first[i], second.empty() ? 0.0F : second[i]);
+        }
+    }
+    return {};
+}
+
+bool HasXaxis(const DataBlock& block) { return block.XaxisSpacing != UniformSpacing && block.NumberOfSamples > 0; }
 
 Outcome ReadXaxis(const DataBlock& block, bool allocated, std::int32_t sampleNumber, float& value)
 {
@@ -94,6 +176,31 @@ Outcome WriteXaxis(DataBlock& block, bool allocated, std::int32_t sampleNumber, 
     const ErrorStatusTypes error = CheckXaxis(block, allocated, sampleNumber);
     if (error != NoError) return Failed(error);
     if (block.Xaxis.Has(sampleNumber)) block.Xaxis[sampleNumber] = value;
+    return {};
+}
+
+Outcome ReadXaxisValues(const DataBlock& block, bool allocated, std::span<float> values)
+{
+    const bool uniform = block.XaxisSpacing == UniformSpacing;
+    const ErrorStatusTypes error = CheckXaxisValues(block, allocated || uniform, values.size());
+    if (error != NoError) return Failed(error);
+    if (uniform) {
+        for (std::int32_t number = 1; number <= block.NumberOfSamples; ++number) {
+            values[static_cast<std::size_t>(number - 1)] = static_cast<float>(UniformX(block, number));
+        }
+    } else {
+        const auto held = Held(block.Xaxis, values.size());
+        std::copy(held.begin(), held.end(), values.begin());
+    }
+    return {};
+}
+
+Outcome WriteXaxisValues(DataBlock& block, bool allocated, std::span<const float> values)
+{
+    const ErrorStatusTypes error = CheckXaxisValues(block, allocated, values.size());
+    if (error != NoError) return Failed(error);
+    const auto held = Held(block.Xaxis, values.size());
+    std::copy_n(values.begin(), held.size(), held.begin());
     return {};
 }
 

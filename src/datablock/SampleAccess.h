@@ -9,6 +9,7 @@
 #include "datablock/DataBlock.h"
 #include "fileio/Outcome.h"
 
+#include <span>
 #include <utility>
 
 namespace qor {
@@ -26,9 +27,29 @@ Outcome ReadTraceSample(const DataBlock& block, ComplexView view, std::int32_t t
 Outcome WriteTraceSample(DataBlock& block, ComplexView view, std::int32_t traceNumber, std::int32_t sampleNumber,
                          float first, float second);
 
+// The same of all samples of a trace at once. Each array has one element a sample, else SampleIndexError; second may
+// also be empty: not wanted when read, zeros when written.
+Outcome ReadTraceSamples(const DataBlock& block, ComplexView view, std::int32_t traceNumber, std::span<float> first,
+                         std::span<float> second);
+Outcome WriteTraceSamples(DataBlock& block, ComplexView view, std::int32_t traceNumber, std::span<const float> first,
+                          std::span<const float> second);
+
+// Whether an explicit X axis is there, for one who has not sized the block and keeps no note of it.
+bool HasXaxis(const DataBlock& block);
+
 // Explicit X values; allocated tells whether the caller holds the X axis for allocated.
 Outcome ReadXaxis(const DataBlock& block, bool allocated, std::int32_t sampleNumber, float& value);
 Outcome WriteXaxis(DataBlock& block, bool allocated, std::int32_t sampleNumber, float value);
+
+// The X value of a sample while the spacing is uniform.
+inline double UniformX(const DataBlock& block, std::int32_t sampleNumber)
+{
+    return double{block.XaxisStart} + (sampleNumber - 1.0) * double{block.XaxisIncrement};
+}
+
+// All X values at once, one a sample, else SampleIndexError. While the spacing is uniform a read computes them.
+Outcome ReadXaxisValues(const DataBlock& block, bool allocated, std::span<float> values);
+Outcome WriteXaxisValues(DataBlock& block, bool allocated, std::span<const float> values);
 
 // Stores a value in a 16-bit field; one that does not fit leaves the field as it is.
 void StoreNarrowed(std::int32_t value, std::int16_t& field);

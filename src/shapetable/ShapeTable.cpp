@@ -71,6 +71,17 @@ std::size_t ShapeMatrix::Place(std::int32_t shape, std::int32_t dof) const
     return static_cast<std::size_t>(shape - 1) * static_cast<std::size_t>(dofs_) + static_cast<std::size_t>(dof - 1);
 }
 
+std::span<const ShapeValue> ShapeMatrix::Row(std::int32_t shape) const
+{
+    if (!Has(shape, 1)) return {};
+    return {&At(shape, 1), static_cast<std::size_t>(dofs_)};
+}
+std::span<ShapeValue> ShapeMatrix::Row(std::int32_t shape)
+{
+    if (!Has(shape, 1)) return {};
+    return {&At(shape, 1), static_cast<std::size_t>(dofs_)};
+}
+
 std::optional<ShapeMatrix> ShapeMatrix::Zeros(std::int32_t shapes, std::int32_t dofs)
 {
     ShapeMatrix matrix;

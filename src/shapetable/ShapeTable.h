@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,9 @@ public:
     bool Has(std::int32_t shape, std::int32_t dof) const;
     const ShapeValue& At(std::int32_t shape, std::int32_t dof) const { return values_[Place(shape, dof)]; }
     ShapeValue& At(std::int32_t shape, std::int32_t dof) { return values_[Place(shape, dof)]; }
+    // All values of a shape, empty where it has none.
+    std::span<const ShapeValue> Row(std::int32_t shape) const;
+    std::span<ShapeValue> Row(std::int32_t shape);
 
     // A matrix of zeros. Nothing when memory is refused.
     [[nodiscard]] static std::optional<ShapeMatrix> Zeros(std::int32_t shapes, std::int32_t dofs);

@@ -3,6 +3,7 @@
 #include "tools/documents/DocumentFile.h"
 
 #include "datablock/DataBlockLayout.h"
+#include "datablock/SampleAccess.h"
 #include "fileio/Framing.h"
 #include "platform/Unicode.h"
 #include "structure/StructureLayout.h"
@@ -173,9 +174,7 @@ void WarnOfEmptyTraces(const std::string& path, const DataBlock& block, std::spa
 
 std::optional<double> XValue(const DataBlock& block, std::int32_t sampleNumber)
 {
-    if (HasUniformXaxis(block)) {
-        return double{block.XaxisStart} + (static_cast<double>(sampleNumber) - 1) * double{block.XaxisIncrement};
-    }
+    if (HasUniformXaxis(block)) return UniformX(block, sampleNumber);
     if (!block.Xaxis.Has(sampleNumber)) return std::nullopt;
     return double{block.Xaxis[sampleNumber]};
 }

@@ -2,6 +2,7 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "tools/import/ImportCommand.h"
 
+#include "datablock/SampleAccess.h"
 #include "datablock/Save_DataBlock.h"
 #include "fileio/RecordReader.h"
 #include "tools/console/OutputFile.h"
@@ -184,7 +185,7 @@ std::string Summary(const DataBlock& block, std::string_view path, std::uint64_t
     const std::string spaceAndUnits = block.XaxisUnits.empty() ? "" : fmt::format(" {}", Shown(block.XaxisUnits));
     std::string axis;
     if (block.XaxisSpacing == XaxisSpacing_Uniform) {
-        const double last = double{block.XaxisStart} + (block.NumberOfSamples - 1.0) * double{block.XaxisIncrement};
+        const double last = UniformX(block, block.NumberOfSamples);
         axis = fmt::format("X {} to {}{} in steps of {}{}", block.XaxisStart, static_cast<float>(last), spaceAndUnits,
                            block.XaxisIncrement, spaceAndUnits);
     } else {
