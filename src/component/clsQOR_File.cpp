@@ -4,6 +4,7 @@
 // The component's frame: lifecycle, error status, version.
 #include "component/ErrorTexts.h"
 #include "component/ObjectState.h"
+#include "component/Version.h"
 #include "component/modQOR_File.h"
 #include "platform/Desktop.h"
 
@@ -15,9 +16,6 @@
 using namespace qor;
 
 namespace {
-
-constexpr int MajorVersion = 1;
-constexpr int MinorVersion = 5;
 
 // What every posted error carries: the base of object errors and 10, and the application's name for the component.
 constexpr std::uint32_t PostedErrorNumber = 0x8004000A;
@@ -74,4 +72,4 @@ void clsQOR_File::Initialize()
     InitializeStructureStorage();
 }
 
-float clsQOR_File::DLLversion() const { return MajorVersion + MinorVersion / 100.0F; }
+float clsQOR_File::DLLversion() const { return QOR_FILE_MAJOR + QOR_FILE_MINOR / 100.0F; }

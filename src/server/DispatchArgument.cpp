@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+#include "server/DispatchArgument.h"
+
+#include "server/VariantConversion.h"
+
+#include <oleauto.h>
+
+namespace qor::server {
+namespace {
+
+bool IsLeftOut(const VARIANTARG* given)
+{
+    return !given || (given->vt == VT_ERROR && given->scode == DISP_E_PARAMNOTFOUND);
+}
+
+// Same type, same bits; texts by their characters.
+bool SameValue(const VARIANT& left, const VARIANT& right)
+{
+    switch (left.vt) {
+    case VT_I4: return left.lVal == right.lVal;
+    case VT_R4: return left.lVal == right.lVal; // bits: a NaN is the same as itself
+    case VT_BOOL: return left.boolVal == right.boolVal;
+    case VT_BSTR: return TextsEqual(left.bstrVal, right.bstrVal);
+    default: return false;
+    }
+}
+
+} // namespace
+
+DispatchArgument::DispatchArgument()
+{
+    VariantInit(&reference_);
+    VariantInit(&copy_);
+    VariantInit(&before_);
+}
+
+DispatchArgument::~DispatchArgument()
+{
+    VariantClear(&copy_);
+    VariantClear(&before_);
+}
+
+void DispatchArgument::PassReference(VARTYPE type, void* place)
+{
+    reference_.vt = static_cast<VARTYPE>(VT_BYREF | type);
+    reference_.byref = place;
+    passed_ = &reference_;
+}
+
+HRESULT DispatchArgument::Take(const DispatchParameter& parameter, VARIANTARG* given, LCID locale)
+{
+    if (IsLeftOut(given)) {
+        if (!parameter.optional) return DISP_E_PARAMNOTOPTIONAL;
+        // 0 of the declared type; a parameter of any type tells that nothing was given.
+        copy_.vt = parameter.type == VT_VARIANT ? VARTYPE{VT_ERROR} : parameter.type;
+        if (parameter.type == VT_VARIANT) copy_.scode = DISP_E_PARAMNOTFOUND;
+        passed_ = &copy_;
+        if (parameter.byReference)
+            PassReference(parameter.type, parameter.type == VT_VARIANT ? static_cast<void*>(&copy_) : &copy_.lVal);
+        return S_OK;
+    }
+    return parameter.type == VT_VARIANT ? TakeVariant(parameter.byReference, given)
+                                        : TakeTyped(parameter, given, locale);
+}
+
+HRESULT DispatchArgument::TakeVariant(bool byReference, VARIANTARG* given)
+{
+    passed_ = given;
+    if (!byReference) {
+        // By value the member gets these bits. It does not free them, and follows references itself.
+        if (given->vt != VT_VARIANT) return S_OK;
+        return DISP_E_TYPEMISMATCH;
+    }
+    if (given->vt == (VT_BYREF | VT_VARIANT)) return given->pvarVal ? S_OK : DISP_E_TYPEMISMATCH;
+    if ((given->vt & VT_BYREF) != 0) {
+        PassReference(VT_VARIANT, given);
+        return S_OK;
+    }
+    // A value of the client's is not the member's to change.
+    PassReference(VT_VARIANT, &copy_);
+    return VariantCopy(&copy_, given);
+}
+
+HRESULT DispatchArgument::TakeTyped(const DispatchParameter& parameter, VARIANTARG* given, LCID locale)
+{
+    VARIANT* variable = FollowedVariant(given);
+    if (!variable) return DISP_E_TYPEMISMATCH;
+    const auto type = parameter.type;
+    if (variable->vt == type) {
+        passed_ = variable;
+        if (parameter.byReference && variable != given) PassReference(type, &variable->lVal);
+        if (!parameter.byReference || variable != given) return S_OK;
+    } else if (variable->vt == (VT_BYREF | type) && parameter.byReference) {
+        passed_ = variable;
+        return variable->byref ? S_OK : DISP_E_TYPEMISMATCH;
+    }
+    if (const HRESULT converted = Convert(copy_, *variable, type, locale); FAILED(converted)) return converted;
+    passed_ = &copy_;
+    if (!parameter.byReference) return S_OK;
+    PassReference(type, &copy_.lVal);
+    const bool canChange = variable != given || (given->vt & VT_BYREF) != 0;
+    if (canChange) variable_ = variable;
+    return canChange ? VariantCopy(&before_, &copy_) : S_OK;
+}
+
+HRESULT DispatchArgument::GiveBack(LCID locale)
+{
+    if (!variable_ || (variable_->vt != VT_EMPTY && SameValue(copy_, before_))) return S_OK;
+    if ((variable_->vt & VT_BYREF) != 0) return ConvertInto(*variable_, copy_, locale);
+    VariantClear(variable_);
+    *variable_ = copy_;
+    VariantInit(&copy_);
+    return S_OK;
+}
+
+} // namespace qor::server

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// The interfaces as the compiler of QOR_File.idl declares them, over the enumerations that the component declares.
+#pragma once
+
+#include <QOR_File/Enumerations.h>
+#define QOR_FILE_ENUMERATIONS
+
+// The declarations come as C and from a generator: warnings about them tell nothing.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wpedantic"
+#include "QOR_FileInterfaces.h"
+#pragma GCC diagnostic pop

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+#include "server/VariantConversion.h"
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <oleauto.h>
+#include <string_view>
+#include <utility>
+
+namespace qor::server {
+namespace {
+
+constexpr int MostReferences = 16; // to references; a variant that refers to itself must not hang the call
+
+HRESULT ChangeType(VARIANT& target, const VARIANT& source, VARTYPE type, LCID locale)
+{
+    const HRESULT changed = VariantChangeTypeEx(&target, const_cast<VARIANT*>(&source), locale, 0, type);
+    return changed == S_OK || changed == E_OUTOFMEMORY ? changed : DISP_E_TYPEMISMATCH;
+}
+
+} // namespace
+
+VARIANT* FollowedVariant(VARIANT* variant)
+{
+    for (int step = 0; variant && step < MostReferences; ++step) {
+        if (variant->vt != (VT_BYREF | VT_VARIANT)) return variant;
+        variant = variant->pvarVal;
+    }
+    return nullptr;
+}
+
+std::size_t WidthOf(VARTYPE type)
+{
+    switch (type) {
+    case VT_I1:
+    case VT_UI1: return 1;
+    case VT_I2:
+    case VT_UI2:
+    case VT_BOOL: return 2;
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_R4: return 4;
+    case VT_I8:
+    case VT_UI8:
+    case VT_R8:
+    case VT_CY:
+    case VT_DATE: return 8;
+    default: return 0;
+    }
+}
+
+bool TextsEqual(BSTR left, BSTR right)
+{
+    return std::wstring_view(left, SysStringLen(left)) == std::wstring_view(right, SysStringLen(right));
+}
+
+HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID locale)
+{
+    if ((source.vt & VT_BYREF) != 0) {
+        if (!source.byref) return DISP_E_TYPEMISMATCH;
+        VARIANT direct;
+        VariantInit(&direct);
+        if (FAILED(VariantCopyInd(&direct, const_cast<VARIANT*>(&source)))) return DISP_E_TYPEMISMATCH;
+        const HRESULT converted = Convert(target, direct, type, locale);
+        VariantClear(&direct);
+        return converted;
+    }
+    if (type == VT_R4 && source.vt == VT_R8) {
+        // The platform's own conversion takes an infinite number for one that does not fit.
+        if (std::isfinite(source.dblVal) && std::abs(source.dblVal) > std::numeric_limits<float>::max())
+            return DISP_E_TYPEMISMATCH;
+        VariantClear(&target);
+        target.vt = VT_R4;
+        target.fltVal = static_cast<float>(source.dblVal);
+        return S_OK;
+    }
+    if (type == VT_R8 && source.vt == VT_R4) {
+        VariantClear(&target);
+        target.vt = VT_R8;
+        target.dblVal = source.fltVal;
+        return S_OK;
+    }
+    return ChangeType(target, source, type, locale);
+}
+
+HRESULT ConvertInto(const VARIANT& target, const VARIANT& source, LCID locale)
+{
+    const auto type = static_cast<VARTYPE>(target.vt & ~VT_BYREF);
+    VARIANT value;
+    VariantInit(&value);
+    if (const HRESULT converted = Convert(value, source, type, locale); FAILED(converted)) return converted;
+    if (type == VT_BSTR) {
+        SysFreeString(std::exchange(*target.pbstrVal, value.bstrVal));
+        return S_OK;
+    }
+    const std::size_t width = WidthOf(type);
+    if (width == 0) {
+        VariantClear(&value);
+        return DISP_E_TYPEMISMATCH;
+    }
+    std::memcpy(target.byref, &value.lVal, width);
+    return S_OK;
+}
+
+} // namespace qor::server

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// Values of any type to a declared one, by the platform's rules, but that infinite and undefined numbers pass.
+#pragma once
+
+#include <oaidl.h>
+
+namespace qor::server {
+
+// The variant at the end of references to variants; null where a reference is null or they do not end.
+VARIANT* FollowedVariant(VARIANT* variant);
+
+// The width of a simple type as it stands in memory, 0 for every other.
+std::size_t WidthOf(VARTYPE type);
+
+bool TextsEqual(BSTR left, BSTR right);
+
+// Sets target, which is cleared first, to source as type. DISP_E_TYPEMISMATCH where there is no such value.
+HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID locale);
+
+// Stores source in what target, a VT_BYREF of a simple type or text, refers to.
+HRESULT ConvertInto(const VARIANT& target, const VARIANT& source, LCID locale);
+
+} // namespace qor::server
