@@ -50,28 +50,30 @@ void DispatchArgument::PassReference(VARTYPE type, void* place)
 
 HRESULT DispatchArgument::Take(const DispatchParameter& parameter, VARIANTARG* given, LCID locale)
 {
-    if (IsLeftOut(given)) {
-        if (!parameter.optional) return DISP_E_PARAMNOTOPTIONAL;
-        // 0 of the declared type; a parameter of any type tells that nothing was given.
-        copy_.vt = parameter.type == VT_VARIANT ? VARTYPE{VT_ERROR} : parameter.type;
-        if (parameter.type == VT_VARIANT) copy_.scode = DISP_E_PARAMNOTFOUND;
-        passed_ = &copy_;
-        if (parameter.byReference)
-            PassReference(parameter.type, parameter.type == VT_VARIANT ? static_cast<void*>(&copy_) : &copy_.lVal);
-        return S_OK;
-    }
+    isWhole_ = parameter.type == VT_VARIANT && !parameter.byReference;
+    if (IsLeftOut(given)) return parameter.optional ? TakeNothing(parameter) : DISP_E_PARAMNOTOPTIONAL;
     return parameter.type == VT_VARIANT ? TakeVariant(parameter.byReference, given)
                                         : TakeTyped(parameter, given, locale);
+}
+
+HRESULT DispatchArgument::TakeNothing(const DispatchParameter& parameter)
+{
+    passed_ = &copy_;
+    if (parameter.type == VT_VARIANT) {
+        copy_.vt = VT_ERROR;
+        copy_.scode = DISP_E_PARAMNOTFOUND;
+        if (parameter.byReference) PassReference(VT_VARIANT, &copy_);
+    } else {
+        copy_.vt = parameter.type; // its value is 0
+        if (parameter.byReference) PassReference(parameter.type, &copy_.lVal);
+    }
+    return S_OK;
 }
 
 HRESULT DispatchArgument::TakeVariant(bool byReference, VARIANTARG* given)
 {
     passed_ = given;
-    if (!byReference) {
-        // By value the member gets these bits. It does not free them, and follows references itself.
-        if (given->vt != VT_VARIANT) return S_OK;
-        return DISP_E_TYPEMISMATCH;
-    }
+    if (!byReference) return S_OK; // the member gets these bits, does not free them, and follows references itself
     if (given->vt == (VT_BYREF | VT_VARIANT)) return given->pvarVal ? S_OK : DISP_E_TYPEMISMATCH;
     if ((given->vt & VT_BYREF) != 0) {
         PassReference(VT_VARIANT, given);

@@ -29,18 +29,20 @@ public:
 
     // What the member is called with; valid as long as this object.
     VARIANTARG* Passed() { return passed_; }
-    VARTYPE PassedType() const { return passed_->vt; }
+    VARTYPE PassedType() const { return isWhole_ ? VARTYPE{VT_VARIANT} : passed_->vt; }
 
     // Writes a copy that the member changed back to the client's variable. A variable that was empty always gets its
     // value; one that holds a value that did not change keeps it, and its type.
     HRESULT GiveBack(LCID locale);
 
 private:
+    HRESULT TakeNothing(const DispatchParameter& parameter);
     HRESULT TakeVariant(bool byReference, VARIANTARG* given);
     HRESULT TakeTyped(const DispatchParameter& parameter, VARIANTARG* given, LCID locale);
     void PassReference(VARTYPE type, void* place);
 
     VARIANTARG* passed_ = nullptr;
+    bool isWhole_ = false; // a parameter of any type, by value: all of the variant is passed
     VARIANTARG reference_;        // VT_BYREF to what is passed by reference
     VARIANT copy_;                // the converted value
     VARIANT before_;              // the same before the call
