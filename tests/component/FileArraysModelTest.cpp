@@ -73,7 +73,6 @@ Bytes DamagedDataBlock(std::int32_t which)
     default: return traces(2, {1, 2, 3, 4, 5, 6}).Field(4, Int32(-2)).Build();
     }
 }
-constexpr std::int32_t DamagedDataBlocks = 9;
 
 Bytes StructureWithLabels()
 {
@@ -112,9 +111,7 @@ public:
             if (p.a > 0) file.WriteStructureVertexPoint(p.a, u" label", p.x, p.y, p.x, p.b, Bool16::Raw(5));
             return;
         case Step::WriteTransform: file.WriteStructureVertexPointTransform(p.a, Yaxis, p.x, p.y, p.y); return;
-        case Step::LoadDataBlock:
-            file.InputDataBlockFile(Put(DamagedDataBlock(std::clamp(p.a, 0, DamagedDataBlocks - 1))));
-            return;
+        case Step::LoadDataBlock: file.InputDataBlockFile(Put(DamagedDataBlock(p.a))); return;
         case Step::LoadStructure: file.InputStructureFile(Put(StructureWithLabels())); return;
         }
     }
@@ -138,14 +135,12 @@ enum class Member { ReadSamples, WriteSamples, ReadPoints, WritePoints, ReadX, W
 
 struct Call {
     Member member = Member::ReadSamples;
-    std::int32_t object = 0; // 2: by an object that belongs to no other
+    std::int32_t object = 0; // 2: by arrays of no object, samples and points only
     std::int32_t number = 1;
     std::array<std::int32_t, 3> offBy{}; // what the lengths differ by
     bool withoutSecond = false;
     std::vector<float> values;
 };
-
-bool HasStandAloneReference(Member member) { return member <= Member::WritePoints; }
 
 // The arrays of a call: filled with its values, cut to their lengths.
 struct Arrays {
@@ -370,7 +365,7 @@ rc::Gen<Call> AnyCall()
             rc::gen::set(&Call::offBy, rc::gen::container<std::array<std::int32_t, 3>>(off)),
             rc::gen::set(&Call::withoutSecond, rc::gen::weightedElement<bool>({{3, false}, {1, true}})),
             rc::gen::set(&Call::values, rc::gen::container<std::vector<float>>(7, AnyFloat()))),
-        [](const Call& call) { return call.object < 2 || HasStandAloneReference(call.member); });
+        [](const Call& call) { return call.object < 2 || call.member <= Member::WritePoints; });
 }
 
 // What is prepared before the steps that are drawn: documents that most calls find something in.
