@@ -36,7 +36,7 @@ NumericVariant NumericOf(const VARIANT& value)
         VARIANT direct;
         VariantInit(&direct);
         if (FAILED(VariantCopyInd(&direct, const_cast<VARIANT*>(&value)))) return NotANumber();
-        const NumericVariant number = NumericOf(direct);
+        NumericVariant number = NumericOf(direct);
         VariantClear(&direct);
         return number;
     }

@@ -13,7 +13,7 @@ struct CreatableClass {
     GUID id;
     const wchar_t* name; // the program identifier is "QOR_File." and this
     const wchar_t* title;
-    HRESULT (*create)(REFIID iid, void** object) noexcept;
+    HRESULT (*create)(REFIID iid, void** object);
 };
 
 struct DescribedInterface {

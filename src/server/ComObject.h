@@ -20,7 +20,7 @@ class ComObject final : public Members, public ISupportErrorInfo, public IProvid
 {
 public:
     // A new object's interface iid; the object is gone again where it has none such.
-    static HRESULT Create(REFIID iid, void** object) noexcept
+    static HRESULT Create(REFIID iid, void** object)
     {
         return Guarded([&] {
             auto* made = new ComObject;

@@ -18,7 +18,7 @@ bool IsLeftOut(const VARIANTARG* given)
 bool SameValue(const VARIANT& left, const VARIANT& right)
 {
     switch (left.vt) {
-    case VT_I4: return left.lVal == right.lVal;
+    case VT_I4:
     case VT_R4: return left.lVal == right.lVal; // bits: a NaN is the same as itself
     case VT_BOOL: return left.boolVal == right.boolVal;
     case VT_BSTR: return TextsEqual(left.bstrVal, right.bstrVal);

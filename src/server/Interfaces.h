@@ -7,8 +7,4 @@
 #include <QOR_File/Enumerations.h>
 #define QOR_FILE_ENUMERATIONS
 
-// The declarations come as C and from a generator: warnings about them tell nothing.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wpedantic"
 #include "QOR_FileInterfaces.h"
-#pragma GCC diagnostic pop

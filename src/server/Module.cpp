@@ -6,9 +6,6 @@
 
 #include <atomic>
 
-// Set by the linker to the start of this library.
-extern "C" IMAGE_DOS_HEADER __ImageBase;
-
 namespace qor::server {
 namespace {
 
@@ -25,10 +22,12 @@ bool CanUnload() noexcept { return holders <= 0 && ThreadsWithDocuments() == 0; 
 
 std::wstring ModulePath()
 {
+    HMODULE module = nullptr; // that of this function, and no reference to it
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCWSTR>(&ModulePath), &module);
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
-        const DWORD length =
-            GetModuleFileNameW(reinterpret_cast<HMODULE>(&__ImageBase), path.data(), static_cast<DWORD>(path.size()));
+        const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
         if (length < path.size()) {
             path.resize(length);
             return path;

@@ -8,9 +8,7 @@
 // After it, and only here.
 #include "server/Interfaces.h"
 
-#include <algorithm>
 #include <optional>
-#include <ranges>
 #include <string>
 #include <vector>
 
@@ -167,10 +165,11 @@ HRESULT Unregister(RegisteredFor whom)
     if (status == ERROR_FILE_NOT_FOUND) return S_OK;
     if (status != ERROR_SUCCESS) return HRESULT_FROM_WIN32(status);
     const bool keepShared = OtherIsRegistered(whom);
-    for (const Entry& entry : Entries() | std::views::reverse) {
-        if (entry.shared && keepShared) continue;
+    const std::vector<Entry> entries = Entries();
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+        if (entry->shared && keepShared) continue;
         // A key that holds something of somebody else's stays.
-        const LSTATUS removed = RegDeleteKeyW(classes.Handle(), entry.key.c_str());
+        const LSTATUS removed = RegDeleteKeyW(classes.Handle(), entry->key.c_str());
         if (removed != ERROR_SUCCESS && removed != ERROR_FILE_NOT_FOUND && status == ERROR_SUCCESS) status = removed;
     }
     return HRESULT_FROM_WIN32(status);

@@ -18,6 +18,7 @@ std::optional<std::wstring> SystemPath(std::u16string_view path)
     return std::wstring(path.begin(), path.end());
 }
 
+// NOLINTNEXTLINE(performance-no-int-to-ptr): a handle is a number that the system declares as a pointer
 HANDLE SystemHandle(std::intptr_t handle) { return reinterpret_cast<HANDLE>(handle); }
 
 // True when nothing of that name is in the way any more.
