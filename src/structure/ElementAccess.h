@@ -6,6 +6,8 @@
 
 #include "structure/Structure.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <span>
 
 namespace qor {
@@ -21,6 +23,13 @@ inline ErrorStatusTypes CheckElement(std::int32_t count, std::int32_t number, Er
 inline ErrorStatusTypes CheckVertexPoint(const Structure& structure, std::int32_t number)
 {
     return CheckElement(structure.NumberOfVertexPoints, number, VertexPointsNotAllocated, VertexPointIndexError);
+}
+
+// True where every vertex point that an edge line, triangle or quad names is there. No rule of the document demands it.
+template <std::size_t Corners>
+bool JoinsPresentPoints(const JoiningElement<Corners>& element, const ElementArray<VertexPoint>& points)
+{
+    return std::ranges::all_of(element.VertexPoints, [&](std::int32_t number) { return points.Has(number); });
 }
 
 // Writes a vertex point: the label trimmed and cut, the local axes those of the Structure. The label may be the

@@ -3,6 +3,7 @@
 #include "tools/export/Geometry.h"
 
 #include "fileio/Framing.h"
+#include "structure/ElementAccess.h"
 #include "tools/console/Console.h"
 #include "tools/console/Text.h"
 
@@ -97,8 +98,7 @@ private:
         added.reserve(static_cast<std::size_t>(elements.Count()));
         for (std::int32_t number = 1; number <= elements.Count(); ++number) {
             const JoiningElement<Corners>& element = elements[number];
-            if (!std::ranges::all_of(element.VertexPoints,
-                                     [this](std::int32_t point) { return structure_.VertexPoints.Has(point); })) {
+            if (!JoinsPresentPoints(element, structure_.VertexPoints)) {
                 ++unjoined_;
                 continue;
             }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
+#include "structure/ElementAccess.h"
 #include "tools/console/Text.h"
 #include "tools/console/TextTable.h"
 #include "tools/documents/Names.h"
@@ -55,9 +56,7 @@ public:
     explicit StructureInfo(const Structure& structure) : variant_(VariantName(structure))
     {
         const ElementArray<VertexPoint>& points = structure.VertexPoints;
-        const auto isAstray = [&points](const auto& element) {
-            return !std::ranges::all_of(element.VertexPoints, [&](std::int32_t number) { return points.Has(number); });
-        };
+        const auto isAstray = [&points](const auto& element) { return !JoinsPresentPoints(element, points); };
         const auto hasCenterAstray = [&points](const VertexPoint& point) {
             return point.CenterPoint != 0 && !points.Has(point.CenterPoint);
         };
