@@ -38,6 +38,9 @@ Sub CheckSamples()
     real = Empty
     Check "read into an empty variable", arrays.ReadTraceSamples(1, real), Success
     Check "an array of single", VarType(real), 8192 + vbSingle
+    imaginary = Null
+    Check "read into Null", arrays.ReadTraceSamples(1, real, imaginary), Success
+    Check "an array of single again", VarType(imaginary), 8192 + vbSingle
     Check "written again", arrays.WriteTraceSamples(2, real), Success
     real = Array()
     Check "read again", arrays.ReadTraceSamples(2, real), Success
