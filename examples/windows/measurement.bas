@@ -58,7 +58,7 @@ End Sub
 Private Sub Require(ByVal what As String, ByVal status As ReturnStatus)
     Dim code As ErrorStatusTypes, text As String
     code = file.ErrorStatus   ' once: reading clears it
-    If status <> Failure And code = NoError Then Exit Sub
+    If status <> ReturnStatus.Failure And code = NoError Then Exit Sub
     text = file.GetLastErrorString
     If code = NoError Then text = "cannot be opened or made"
     Err.Raise vbObjectError + 513, "Measurement", what & ": " & text

@@ -67,9 +67,16 @@ Sub CheckSamples()
     number = 4
     Check "read into numbers", file.ReadTraceSampleValue(2, number, re, im), Success
     Check "integer that was changed", re, 2
+    CheckType "integer that was changed", re, "Single"
     Check "double that was changed", im, -4
     Check "argument that was not", number, 4
     CheckType "argument that was not", number, "Integer"
+
+    Check "read into an expression", file.ReadTraceSampleValue(2, 3, (1), im), Success
+    Check "other argument", im, -3
+    re = 7
+    Check "read into a variable in parentheses", file.ReadTraceSampleValue(2, 3, (re), im), Success
+    Check "variable in parentheses", re, 7
 
     file.DataBlock_TraceDataFormat = 3
     Check "read as magnitude and phase", file.ReadTraceSampleValue(2, 4, re, im), Success
