@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// A page of docs/formats as a test reads it: fenced blocks by what stands behind the fence, tables by heading.
+// A page of docs as a test reads it: fenced blocks by what stands behind the fence, tables by heading.
 // Everything throws where the page lacks what is asked for, so that no test passes on nothing.
 #pragma once
 
@@ -18,7 +18,7 @@ class Page
 public:
     using Row = std::vector<std::string>;
 
-    // The name is that of the file, as "framing.md".
+    // The name is that of the file below docs/formats, as "framing.md".
     explicit Page(std::string_view name);
 
     // The lines of the one block that opens with that fence, as "hex smallest".
