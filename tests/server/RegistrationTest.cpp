@@ -81,6 +81,22 @@ Keys ExpectedKeys(const std::wstring& path)
     return keys;
 }
 
+// Runs a program that stands beside this one.
+DWORD ExitCodeOf(std::wstring commandLine)
+{
+    STARTUPINFOW start = {};
+    start.cb = sizeof(start);
+    PROCESS_INFORMATION process = {};
+    EXPECT_TRUE(
+        CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process));
+    EXPECT_EQ(WaitForSingleObject(process.hProcess, 30000), WAIT_OBJECT_0);
+    DWORD code = ~DWORD{0};
+    GetExitCodeProcess(process.hProcess, &code);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return code;
+}
+
 // A key of somebody else's in the machine's classes, for as long as this lives.
 class ForeignKey
 {
@@ -182,14 +198,25 @@ TEST_F(Registration, ForAUserLeavesNoKeyBehind)
     EXPECT_EQ(Unexpected(HKEY_CURRENT_USER), "");
 }
 
-TEST_F(Registration, IsNeededToCreateObjects)
+TEST_F(Registration, IsNeededByAProgramWithoutAManifest)
 {
     const Apartment apartment;
-    Held<_clsQOR_File> file;
+    Held<IUnknown> file;
 
-    EXPECT_EQ(
-        CoCreateInstance(__uuidof(clsQOR_File), nullptr, CLSCTX_INPROC_SERVER, __uuidof(_clsQOR_File), file.OutAny()),
-        REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(CoCreateInstance(__uuidof(clsQOR_File), nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, file.OutAny()),
+              REGDB_E_CLASSNOTREG);
+}
+
+TEST_F(Registration, IsNotNeededByAProgramWhoseManifestNamesTheLibrary)
+{
+    wchar_t folder[MAX_PATH] = {};
+    GetTempPathW(MAX_PATH, folder);
+    const std::wstring saved = std::wstring(folder) + L"registration_free.blk";
+    DeleteFileW(saved.c_str());
+
+    EXPECT_EQ(ExitCodeOf(L"registration_free.exe \"" + saved + L"\""), 0U);
+
+    EXPECT_TRUE(DeleteFileW(saved.c_str())); // it was there
 }
 
 TEST_F(Registration, TwiceIsAsGoodAsOnce)
