@@ -62,6 +62,10 @@ TEST_P(EveryClass, HasAVersionIndependentAndAVersionedName)
         EXPECT_EQ(CLSIDFromProgID((std::wstring(L"QOR_File.") + GetParam().name + version).c_str(), &id), S_OK);
         EXPECT_TRUE(id == GetParam().id);
     }
+    wchar_t* name = nullptr;
+    ASSERT_EQ(ProgIDFromCLSID(GetParam().id, &name), S_OK);
+    EXPECT_EQ(name, std::wstring(L"QOR_File.") + GetParam().name + L".1");
+    CoTaskMemFree(name);
 }
 
 TEST_P(EveryClass, CreatesAnObjectThatIsGoneWithItsLastReference)
