@@ -114,6 +114,11 @@ public:
         return RegSetValueExW(key_, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
                               static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
     }
+    LSTATUS Unset(const wchar_t* name)
+    {
+        const LSTATUS removed = RegDeleteValueW(key_, name);
+        return removed == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : removed;
+    }
     HKEY Handle() const { return key_; }
 
 private:
@@ -131,14 +136,27 @@ LSTATUS Write(const Key& classes, const Entry& entry)
     return status;
 }
 
-// The library of the other word size, on a system that has two.
+LSTATUS Remove(const Key& classes, const Entry& entry)
+{
+    const LSTATUS removed = RegDeleteKeyW(classes.Handle(), entry.key.c_str());
+    if (removed == ERROR_SUCCESS || removed == ERROR_FILE_NOT_FOUND) return ERROR_SUCCESS;
+    // A key that holds one of somebody else's stays, without what is ours.
+    Key key;
+    LSTATUS status = key.Open(classes.Handle(), entry.key, KEY_SET_VALUE);
+    if (status == ERROR_SUCCESS && entry.value) status = key.Unset(nullptr);
+    if (status == ERROR_SUCCESS && entry.name) status = key.Unset(entry.name);
+    return status;
+}
+
+// The library of the other word size, on a system that has two. To be asked when this one's own keys are gone: not
+// every system keeps a user's twice.
 bool OtherIsRegistered(RegisteredFor whom)
 {
     BOOL twoWordSizes = Is64Bit;
     if (!Is64Bit) IsWow64Process(GetCurrentProcess(), &twoWordSizes);
     if (!twoWordSizes) return false;
     Key other;
-    const Text name = L"Software\\Classes\\CLSID\\" + Braced(Classes().front().id);
+    const Text name = L"Software\\Classes\\CLSID\\" + Braced(Classes().front().id) + L"\\InprocServer32";
     return other.Open(Root(whom), name, KEY_READ | (Is64Bit ? KEY_WOW64_32KEY : KEY_WOW64_64KEY)) == ERROR_SUCCESS;
 }
 
@@ -164,14 +182,16 @@ HRESULT Unregister(RegisteredFor whom)
     LSTATUS status = classes.Open(Root(whom), L"Software\\Classes", KEY_READ | KEY_WRITE);
     if (status == ERROR_FILE_NOT_FOUND) return S_OK;
     if (status != ERROR_SUCCESS) return HRESULT_FROM_WIN32(status);
-    const bool keepShared = OtherIsRegistered(whom);
     const std::vector<Entry> entries = Entries();
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-        if (entry->shared && keepShared) continue;
-        // A key that holds something of somebody else's stays.
-        const LSTATUS removed = RegDeleteKeyW(classes.Handle(), entry->key.c_str());
-        if (removed != ERROR_SUCCESS && removed != ERROR_FILE_NOT_FOUND && status == ERROR_SUCCESS) status = removed;
-    }
+    const auto removeAll = [&](bool shared) {
+        for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+            if (entry->shared != shared) continue;
+            const LSTATUS removed = Remove(classes, *entry);
+            if (status == ERROR_SUCCESS) status = removed;
+        }
+    };
+    removeAll(false);
+    if (!OtherIsRegistered(whom)) removeAll(true);
     return HRESULT_FROM_WIN32(status);
 }
 
