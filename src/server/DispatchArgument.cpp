@@ -9,9 +9,11 @@
 namespace qor::server {
 namespace {
 
-bool IsLeftOut(const VARIANTARG* given)
+// Also where the caller passes on an optional argument of its own that was left out.
+bool IsLeftOut(VARIANTARG* given)
 {
-    return !given || (given->vt == VT_ERROR && given->scode == DISP_E_PARAMNOTFOUND);
+    const VARIANT* value = FollowedVariant(given);
+    return !given || (value && value->vt == VT_ERROR && value->scode == DISP_E_PARAMNOTFOUND);
 }
 
 // Same type, same bits; texts by their characters.

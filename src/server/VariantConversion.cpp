@@ -20,6 +20,11 @@ HRESULT ChangeType(VARIANT& target, const VARIANT& source, VARTYPE type, LCID lo
     return changed == S_OK || changed == E_OUTOFMEMORY ? changed : DISP_E_TYPEMISMATCH;
 }
 
+bool IsNotANumber(const VARIANT& value)
+{
+    return (value.vt == VT_R4 && std::isnan(value.fltVal)) || (value.vt == VT_R8 && std::isnan(value.dblVal));
+}
+
 } // namespace
 
 VARIANT* FollowedVariant(VARIANT* variant)
@@ -84,6 +89,8 @@ HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID local
         target.dblVal = source.fltVal;
         return S_OK;
     }
+    // Not every platform's conversion to an integer looks at this.
+    if (IsNotANumber(source) && type != source.vt && type != VT_BSTR) return DISP_E_TYPEMISMATCH;
     return ChangeType(target, source, type, locale);
 }
 
@@ -95,6 +102,11 @@ HRESULT ConvertInto(const VARIANT& target, const VARIANT& source, LCID locale)
     if (const HRESULT converted = Convert(value, source, type, locale); FAILED(converted)) return converted;
     if (type == VT_BSTR) {
         SysFreeString(std::exchange(*target.pbstrVal, value.bstrVal));
+        return S_OK;
+    }
+    if (type == VT_DECIMAL) { // stands in a variant beside its type
+        *target.pdecVal = value.decVal;
+        target.pdecVal->wReserved = 0;
         return S_OK;
     }
     const std::size_t width = WidthOf(type);

@@ -19,7 +19,7 @@ bool TextsEqual(BSTR left, BSTR right);
 // Sets target, which is cleared first, to source as type. DISP_E_TYPEMISMATCH where there is no such value.
 HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID locale);
 
-// Stores source in what target, a VT_BYREF of a simple type or text, refers to.
+// Stores source in what target, a VT_BYREF of a simple type, a decimal or a text, refers to.
 HRESULT ConvertInto(const VARIANT& target, const VARIANT& source, LCID locale);
 
 } // namespace qor::server
