@@ -83,7 +83,8 @@ HRESULT DispatchArgument::TakeVariant(bool byReference, VARIANTARG* given)
     }
     // A value of the client's is not the member's to change.
     PassReference(VT_VARIANT, &copy_);
-    return VariantCopy(&copy_, given);
+    const HRESULT copied = VariantCopy(&copy_, given);
+    return SUCCEEDED(copied) || copied == E_OUTOFMEMORY ? copied : DISP_E_TYPEMISMATCH;
 }
 
 HRESULT DispatchArgument::TakeTyped(const DispatchParameter& parameter, VARIANTARG* given, LCID locale)

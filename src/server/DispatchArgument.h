@@ -42,7 +42,7 @@ private:
     void PassReference(VARTYPE type, void* place);
 
     VARIANTARG* passed_ = nullptr;
-    bool isWhole_ = false; // a parameter of any type, by value: all of the variant is passed
+    bool isWhole_ = false;        // a parameter of any type, by value: all of the variant is passed
     VARIANTARG reference_;        // VT_BYREF to what is passed by reference
     VARIANT copy_;                // the converted value
     VARIANT before_;              // the same before the call

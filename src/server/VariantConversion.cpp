@@ -36,6 +36,14 @@ VARIANT* FollowedVariant(VARIANT* variant)
     return nullptr;
 }
 
+bool Dereference(VARIANT& direct, const VARIANT& source)
+{
+    VARIANT* const reference = FollowedVariant(const_cast<VARIANT*>(&source)); // which it only looks at
+    if (!reference || ((reference->vt & VT_BYREF) != 0 && !reference->byref)) return false;
+    if (reference->vt == (VT_BYREF | VT_RECORD)) return false; // no number, and not described either
+    return SUCCEEDED(VariantCopyInd(&direct, reference));
+}
+
 std::size_t WidthOf(VARTYPE type)
 {
     switch (type) {
@@ -66,10 +74,9 @@ bool TextsEqual(BSTR left, BSTR right)
 HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID locale)
 {
     if ((source.vt & VT_BYREF) != 0) {
-        if (!source.byref) return DISP_E_TYPEMISMATCH;
         VARIANT direct;
         VariantInit(&direct);
-        if (FAILED(VariantCopyInd(&direct, const_cast<VARIANT*>(&source)))) return DISP_E_TYPEMISMATCH;
+        if (!Dereference(direct, source)) return DISP_E_TYPEMISMATCH;
         const HRESULT converted = Convert(target, direct, type, locale);
         VariantClear(&direct);
         return converted;
