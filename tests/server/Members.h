@@ -37,13 +37,12 @@ struct Member {
 
 namespace detail {
 
-inline Parameter Described(ITypeInfo* type, const ELEMDESC& element, const wchar_t* name)
+inline Parameter Described(const ELEMDESC& element, const wchar_t* name)
 {
     Parameter parameter{name, element.tdesc.vt, element.tdesc.vt == VT_PTR,
                         (element.paramdesc.wParamFlags & PARAMFLAG_FOPT) != 0};
     const TYPEDESC& own = parameter.byReference ? *element.tdesc.lptdesc : element.tdesc;
     parameter.type = own.vt == VT_USERDEFINED ? VARTYPE{VT_I4} : own.vt; // the library has enumerations only
-    (void)type;
     return parameter;
 }
 
@@ -68,7 +67,7 @@ inline std::vector<Member> MembersOf(IDispatch* object)
         for (int i = 0; i < function->cParams; ++i) {
             const ELEMDESC& element = function->lprgelemdescParam[i];
             const auto place = static_cast<UINT>(i + 1);
-            Parameter parameter = detail::Described(type.Get(), element, place < count ? names[place] : L"value");
+            Parameter parameter = detail::Described(element, place < count ? names[place] : L"value");
             if ((element.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0) {
                 member.result = parameter.type;
             } else {
