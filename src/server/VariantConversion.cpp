@@ -40,7 +40,8 @@ bool Dereference(VARIANT& direct, const VARIANT& source)
 {
     VARIANT* const reference = FollowedVariant(const_cast<VARIANT*>(&source)); // which it only looks at
     if (!reference || ((reference->vt & VT_BYREF) != 0 && !reference->byref)) return false;
-    if (reference->vt == (VT_BYREF | VT_RECORD)) return false; // no number, and not described either
+    // Neither number nor text; of an array whose type there is not, the platform would make a copy that stays.
+    if (reference->vt == (VT_BYREF | VT_RECORD) || (reference->vt & VT_ARRAY) != 0) return false;
     return SUCCEEDED(VariantCopyInd(&direct, reference));
 }
 
@@ -73,6 +74,7 @@ bool TextsEqual(BSTR left, BSTR right)
 
 HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID locale)
 {
+    if ((source.vt & VT_ARRAY) != 0) return DISP_E_TYPEMISMATCH; // the platform takes bytes for a text
     if ((source.vt & VT_BYREF) != 0) {
         VARIANT direct;
         VariantInit(&direct);

@@ -11,7 +11,8 @@ namespace qor::server {
 // The variant at the end of references to variants; null where a reference is null or they do not end.
 VARIANT* FollowedVariant(VARIANT* variant);
 
-// Sets direct, which is empty, to a copy of what source refers to. False where it refers to nothing.
+// Sets direct, which is empty, to a copy of what source refers to. False where it refers to nothing, or to
+// what is neither number nor text.
 bool Dereference(VARIANT& direct, const VARIANT& source);
 
 // The width of a simple type as it stands in memory, 0 for every other.

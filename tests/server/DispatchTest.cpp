@@ -355,6 +355,8 @@ TEST_F(LateBinding, TellsWhichPropertyValueCannotBeConverted)
     EXPECT_EQ(value.result, DISP_E_TYPEMISMATCH);
     EXPECT_EQ(value.wrongArgument, 0U);
     EXPECT_EQ(Put(file, L"DataBlock_Label", {Variant::Null()}).result, DISP_E_TYPEMISMATCH);
+    const Variant bytes(VT_UI1, SafeArrayCreateVector(VT_UI1, 0, 4));
+    EXPECT_EQ(Put(file, L"DataBlock_Label", {bytes}).result, DISP_E_TYPEMISMATCH);
 }
 
 TEST_F(LateBinding, PassesInfiniteAndUndefinedNumbers)
