@@ -2,6 +2,8 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "server/Arguments.h"
 
+#include "server/VariantConversion.h"
+
 #include <limits>
 #include <new>
 
@@ -35,7 +37,7 @@ NumericVariant NumericOf(const VARIANT& value)
     if ((value.vt & VT_BYREF) != 0) {
         VARIANT direct;
         VariantInit(&direct);
-        if (FAILED(VariantCopyInd(&direct, const_cast<VARIANT*>(&value)))) return NotANumber();
+        if (!Dereference(direct, value)) return NotANumber();
         NumericVariant number = NumericOf(direct);
         VariantClear(&direct);
         return number;

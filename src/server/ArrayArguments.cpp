@@ -14,6 +14,7 @@
 namespace qor::server {
 namespace {
 
+// Declared with its size: it can only be filled.
 constexpr USHORT NotToBeReplaced = FADF_AUTO | FADF_STATIC | FADF_EMBEDDED | FADF_FIXEDSIZE;
 
 bool IsLeftOut(const VARIANT& value) { return value.vt == VT_ERROR && value.scode == DISP_E_PARAMNOTFOUND; }
@@ -168,38 +169,49 @@ HRESULT ArrayResult::Prepare(VARIANT* variable, std::size_t count)
     return S_OK;
 }
 
-HRESULT ArrayResult::Deliver()
+HRESULT ArrayResult::MakeReady()
 {
     if (!variable_) return S_OK;
-    const bool isReference = (variable_->vt & VT_BYREF) != 0;
-    SAFEARRAY* present = isReference ? *variable_->pparray : nullptr;
-    if (present && (present->fFeatures & NotToBeReplaced) != 0) { // declared with its size: it can only be filled
-        void* elements = nullptr;
-        if (!IsOneRow(*present) || CountOf(*present) != values_.size()) return DISP_E_TYPEMISMATCH;
-        if (FAILED(SafeArrayAccessData(present, &elements))) return DISP_E_ARRAYISLOCKED;
-        Store(values_, type_, elements);
-        SafeArrayUnaccessData(present);
-        return S_OK;
-    }
-    if (type_ != VT_R4) {
-        SAFEARRAY* other = NewArray(type_, values_.size());
-        if (!other) return E_OUTOFMEMORY;
-        Store(values_, type_, other->pvData);
-        SafeArrayUnaccessData(array_);
-        SafeArrayDestroy(std::exchange(array_, other));
-        SafeArrayLock(array_); // as the other was, for the destructor
-    }
-    if (isReference) {
-        if (present && FAILED(SafeArrayDestroy(present))) return DISP_E_ARRAYISLOCKED;
-        SafeArrayUnaccessData(array_);
-        *variable_->pparray = std::exchange(array_, nullptr);
-        return S_OK;
-    }
-    if (FAILED(VariantClear(variable_))) return DISP_E_ARRAYISLOCKED;
+    const SAFEARRAY* const present = Present();
+    if (IsFilledInPlace(present))
+        return IsOneRow(*present) && CountOf(*present) == values_.size() ? S_OK : DISP_E_TYPEMISMATCH;
+    if (present && present->cLocks > 0) return DISP_E_ARRAYISLOCKED;
+    if (type_ == VT_R4) return S_OK;
+    SAFEARRAY* const other = NewArray(type_, values_.size());
+    if (!other) return E_OUTOFMEMORY;
+    Store(values_, type_, other->pvData);
     SafeArrayUnaccessData(array_);
+    SafeArrayDestroy(std::exchange(array_, other));
+    SafeArrayLock(array_); // as the other was, for the destructor
+    return S_OK;
+}
+
+void ArrayResult::Deliver()
+{
+    if (!variable_) return;
+    SAFEARRAY* const present = Present();
+    if (IsFilledInPlace(present)) {
+        Store(values_, type_, present->pvData);
+        return;
+    }
+    SafeArrayUnaccessData(array_);
+    if (IsReference()) {
+        if (present) SafeArrayDestroy(present);
+        *variable_->pparray = std::exchange(array_, nullptr);
+        return;
+    }
+    VariantClear(variable_);
     variable_->vt = static_cast<VARTYPE>(VT_ARRAY | type_);
     variable_->parray = std::exchange(array_, nullptr);
-    return S_OK;
+}
+
+bool ArrayResult::IsReference() const { return (variable_->vt & VT_BYREF) != 0; }
+
+SAFEARRAY* ArrayResult::Present() const { return (variable_->vt & VT_ARRAY) != 0 ? ArrayOf(*variable_) : nullptr; }
+
+bool ArrayResult::IsFilledInPlace(const SAFEARRAY* present) const
+{
+    return IsReference() && present && (present->fFeatures & NotToBeReplaced) != 0;
 }
 
 } // namespace qor::server

@@ -52,10 +52,17 @@ public:
 
     std::span<float> Values() const { return values_; }
 
+    // Once the values are there: whatever can go wrong with the delivery, so that a call delivers all its arrays or
+    // none. DISP_E_ARRAYISLOCKED, DISP_E_TYPEMISMATCH where an array of fixed size has another one, E_OUTOFMEMORY.
+    HRESULT MakeReady();
     // Puts the array into the client's variable, in place of what was there.
-    HRESULT Deliver();
+    void Deliver();
 
 private:
+    bool IsReference() const;
+    SAFEARRAY* Present() const; // what the variable holds
+    bool IsFilledInPlace(const SAFEARRAY* present) const;
+
     VARIANT* variable_ = nullptr; // not a reference to a variant any more
     VARTYPE type_ = VT_R4;        // of the elements that the variable gets
     SAFEARRAY* array_ = nullptr;

@@ -9,9 +9,11 @@
 namespace qor::server {
 namespace {
 
-bool IsLeftOut(const VARIANTARG* given)
+// Also where the caller passes on an optional argument of its own that was left out.
+bool IsLeftOut(VARIANTARG* given)
 {
-    return !given || (given->vt == VT_ERROR && given->scode == DISP_E_PARAMNOTFOUND);
+    const VARIANT* value = FollowedVariant(given);
+    return !given || (value && value->vt == VT_ERROR && value->scode == DISP_E_PARAMNOTFOUND);
 }
 
 // Same type, same bits; texts by their characters.
@@ -81,7 +83,8 @@ HRESULT DispatchArgument::TakeVariant(bool byReference, VARIANTARG* given)
     }
     // A value of the client's is not the member's to change.
     PassReference(VT_VARIANT, &copy_);
-    return VariantCopy(&copy_, given);
+    const HRESULT copied = VariantCopy(&copy_, given);
+    return SUCCEEDED(copied) || copied == E_OUTOFMEMORY ? copied : DISP_E_TYPEMISMATCH;
 }
 
 HRESULT DispatchArgument::TakeTyped(const DispatchParameter& parameter, VARIANTARG* given, LCID locale)

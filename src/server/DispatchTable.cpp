@@ -50,7 +50,9 @@ public:
 
     HRESULT Place(const DISPPARAMS& given, bool isPut, UINT* wrongArgument)
     {
-        if (given.cNamedArgs > given.cArgs) return DISP_E_BADPARAMCOUNT;
+        if (given.cNamedArgs > given.cArgs || given.cArgs > parameters_) return DISP_E_BADPARAMCOUNT;
+        if ((given.cArgs > 0 && !given.rgvarg) || (given.cNamedArgs > 0 && !given.rgdispidNamedArgs))
+            return E_INVALIDARG;
         for (UINT named = 0; named < given.cNamedArgs; ++named) {
             const DISPID id = given.rgdispidNamedArgs[named];
             const bool isValue = isPut && id == DISPID_PROPERTYPUT;

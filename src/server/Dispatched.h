@@ -8,6 +8,7 @@
 #include "server/Border.h"
 #include "server/TypeLibrary.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace qor::server {
@@ -39,6 +40,7 @@ public:
     {
         if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
         if (!names || !ids) return E_POINTER;
+        if (count == 0 || std::find(names, names + count, nullptr) != names + count) return E_INVALIDARG;
         return WithTable(
             [&](const DispatchTable& table) { return table.Description().GetIDsOfNames(names, count, ids); });
     }

@@ -33,8 +33,13 @@ HRESULT Read(ReturnStatus* result, Length&& length, const std::array<VARIANT*, C
         }
         *result = std::apply([&](const auto&... array) { return read(array.Values()...); }, arrays);
         if (*result == Failure) return S_OK;
-        for (ArrayResult& array : arrays)
-            if (const HRESULT delivered = array.Deliver(); FAILED(delivered)) return Refused(delivered);
+        for (ArrayResult& array : arrays) {
+            if (const HRESULT ready = array.MakeReady(); FAILED(ready)) {
+                *result = Failure;
+                return Refused(ready);
+            }
+        }
+        for (ArrayResult& array : arrays) array.Deliver();
         return S_OK;
     });
 }

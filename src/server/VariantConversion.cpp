@@ -20,6 +20,11 @@ HRESULT ChangeType(VARIANT& target, const VARIANT& source, VARTYPE type, LCID lo
     return changed == S_OK || changed == E_OUTOFMEMORY ? changed : DISP_E_TYPEMISMATCH;
 }
 
+bool IsNotANumber(const VARIANT& value)
+{
+    return (value.vt == VT_R4 && std::isnan(value.fltVal)) || (value.vt == VT_R8 && std::isnan(value.dblVal));
+}
+
 } // namespace
 
 VARIANT* FollowedVariant(VARIANT* variant)
@@ -29,6 +34,15 @@ VARIANT* FollowedVariant(VARIANT* variant)
         variant = variant->pvarVal;
     }
     return nullptr;
+}
+
+bool Dereference(VARIANT& direct, const VARIANT& source)
+{
+    VARIANT* const reference = FollowedVariant(const_cast<VARIANT*>(&source)); // which it only looks at
+    if (!reference || ((reference->vt & VT_BYREF) != 0 && !reference->byref)) return false;
+    // Neither number nor text; of an array whose type there is not, the platform would make a copy that stays.
+    if (reference->vt == (VT_BYREF | VT_RECORD) || (reference->vt & VT_ARRAY) != 0) return false;
+    return SUCCEEDED(VariantCopyInd(&direct, reference));
 }
 
 std::size_t WidthOf(VARTYPE type)
@@ -60,11 +74,11 @@ bool TextsEqual(BSTR left, BSTR right)
 
 HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID locale)
 {
+    if ((source.vt & VT_ARRAY) != 0) return DISP_E_TYPEMISMATCH; // the platform takes bytes for a text
     if ((source.vt & VT_BYREF) != 0) {
-        if (!source.byref) return DISP_E_TYPEMISMATCH;
         VARIANT direct;
         VariantInit(&direct);
-        if (FAILED(VariantCopyInd(&direct, const_cast<VARIANT*>(&source)))) return DISP_E_TYPEMISMATCH;
+        if (!Dereference(direct, source)) return DISP_E_TYPEMISMATCH;
         const HRESULT converted = Convert(target, direct, type, locale);
         VariantClear(&direct);
         return converted;
@@ -84,6 +98,8 @@ HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID local
         target.dblVal = source.fltVal;
         return S_OK;
     }
+    // Not every platform's conversion to an integer looks at this.
+    if (IsNotANumber(source) && type != source.vt && type != VT_BSTR) return DISP_E_TYPEMISMATCH;
     return ChangeType(target, source, type, locale);
 }
 
@@ -95,6 +111,11 @@ HRESULT ConvertInto(const VARIANT& target, const VARIANT& source, LCID locale)
     if (const HRESULT converted = Convert(value, source, type, locale); FAILED(converted)) return converted;
     if (type == VT_BSTR) {
         SysFreeString(std::exchange(*target.pbstrVal, value.bstrVal));
+        return S_OK;
+    }
+    if (type == VT_DECIMAL) { // stands in a variant beside its type
+        *target.pdecVal = value.decVal;
+        target.pdecVal->wReserved = 0;
         return S_OK;
     }
     const std::size_t width = WidthOf(type);

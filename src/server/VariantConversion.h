@@ -11,6 +11,10 @@ namespace qor::server {
 // The variant at the end of references to variants; null where a reference is null or they do not end.
 VARIANT* FollowedVariant(VARIANT* variant);
 
+// Sets direct, which is empty, to a copy of what source refers to. False where it refers to nothing, or to
+// what is neither number nor text.
+bool Dereference(VARIANT& direct, const VARIANT& source);
+
 // The width of a simple type as it stands in memory, 0 for every other.
 std::size_t WidthOf(VARTYPE type);
 
@@ -19,7 +23,7 @@ bool TextsEqual(BSTR left, BSTR right);
 // Sets target, which is cleared first, to source as type. DISP_E_TYPEMISMATCH where there is no such value.
 HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID locale);
 
-// Stores source in what target, a VT_BYREF of a simple type or text, refers to.
+// Stores source in what target, a VT_BYREF of a simple type, a decimal or a text, refers to.
 HRESULT ConvertInto(const VARIANT& target, const VARIANT& source, LCID locale);
 
 } // namespace qor::server
