@@ -13,8 +13,8 @@ std::atomic<int> threadsWithDocuments = 0;
 
 } // namespace
 
-ThreadDocuments::ThreadDocuments() { ++threadsWithDocuments; }
-ThreadDocuments::~ThreadDocuments() { --threadsWithDocuments; }
+HoldsDocuments::HoldsDocuments() { ++threadsWithDocuments; }
+HoldsDocuments::~HoldsDocuments() { --threadsWithDocuments; }
 
 ThreadDocuments& modQOR_File() { return platform::PerThread<ThreadDocuments>(); }
 

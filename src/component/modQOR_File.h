@@ -11,12 +11,18 @@
 
 namespace qor {
 
-struct ThreadDocuments {
-    ThreadDocuments();
-    ~ThreadDocuments();
-    ThreadDocuments(const ThreadDocuments&) = delete;
-    ThreadDocuments& operator=(const ThreadDocuments&) = delete;
+// Counts a thread for as long as it lives.
+class HoldsDocuments
+{
+public:
+    HoldsDocuments();
+    ~HoldsDocuments();
+    HoldsDocuments(const HoldsDocuments&) = delete;
+    HoldsDocuments& operator=(const HoldsDocuments&) = delete;
+};
 
+struct ThreadDocuments {
+    HoldsDocuments Holder; // first: the thread counts until its last document is gone
     qor::DataBlock DataBlock;
     qor::ShapeTable ShapeTable;
     qor::Structure Structure;

@@ -72,6 +72,9 @@ bool Reallocate(DataBlock& block)
     }
 }
 
+// What is read of a trace that nobody has changed.
+const Trace BlankTrace;
+
 } // namespace
 
 Trace InitialTraceRecord()
@@ -87,8 +90,7 @@ const Trace& TraceList::operator[](std::int32_t index) const
     const Page* const page = pages_[place / PageSize].get();
     const Trace* const trace = page ? (*page)[place % PageSize].get() : nullptr;
     if (trace) return *trace;
-    static const Trace blank;
-    return blank;
+    return BlankTrace;
 }
 
 Trace& TraceList::Edit(std::int32_t index)

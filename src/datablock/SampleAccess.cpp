@@ -185,8 +185,8 @@ Outcome ReadXaxisValues(const DataBlock& block, bool allocated, std::span<float>
     const ErrorStatusTypes error = CheckXaxisValues(block, allocated || uniform, values.size());
     if (error != NoError) return Failed(error);
     if (uniform) {
-        for (std::int32_t number = 1; number <= block.NumberOfSamples; ++number) {
-            values[static_cast<std::size_t>(number - 1)] = static_cast<float>(UniformX(block, number));
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            values[i] = static_cast<float>(UniformX(block, static_cast<std::int32_t>(i + 1)));
         }
     } else {
         const auto held = Held(block.Xaxis, values.size());

@@ -7,40 +7,53 @@
 
 #ifdef _WIN32
 
+#include <atomic>
 #include <memory>
 #include <new>
 
 namespace qor::platform {
 
+// True from the moment the process begins to end. Its other threads are gone then, stopped wherever they were.
+bool ProcessIsEnding();
+
 // A C++ thread_local with a destructor would pin a DLL in its process and hang the end of a worker thread. A
 // fiber-local slot has neither flaw: the system destroys the value at the thread's end, and freeing the slot,
-// which the static object below does when the library is unloaded, destroys those of all threads.
+// when the library is unloaded, destroys those of all threads.
 class FiberLocalSlot
 {
 public:
-    explicit FiberLocalSlot(void(__stdcall* destroy)(void*));
+    constexpr explicit FiberLocalSlot(void(__stdcall* destroy)(void*)) : destroy_(destroy) {}
     ~FiberLocalSlot();
     FiberLocalSlot(const FiberLocalSlot&) = delete;
     FiberLocalSlot& operator=(const FiberLocalSlot&) = delete;
 
     void* Get() const;
     // False when the system has no slot or no memory left.
-    [[nodiscard]] bool Set(void* value) const;
+    [[nodiscard]] bool Set(void* value);
 
 private:
-    unsigned long index_;
+    static constexpr unsigned long None = 0xFFFFFFFF;
+
+    void(__stdcall* destroy_)(void*);
+    std::atomic<unsigned long> index_ = None; // the slot is taken at the first use
 };
 
 template <class T>
 void __stdcall DestroyPerThread(void* value)
 {
-    delete static_cast<T*>(value);
+    // What a stopped thread was at work on cannot be destroyed, and its memory goes with the process.
+    if (!ProcessIsEnding()) delete static_cast<T*>(value);
 }
+
+// Not a local static, which compilers make at its first use under a lock that leaves something behind for every thread
+// when the library is unloaded.
+template <class T>
+inline constinit FiberLocalSlot SlotOf{&DestroyPerThread<T>};
 
 template <class T>
 T& PerThread()
 {
-    static FiberLocalSlot slot(&DestroyPerThread<T>);
+    FiberLocalSlot& slot = SlotOf<T>;
     if (void* value = slot.Get()) return *static_cast<T*>(value);
     auto made = std::make_unique<T>();
     if (!slot.Set(made.get())) throw std::bad_alloc();

@@ -2,10 +2,12 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "server/ArrayArguments.h"
 
+#include "platform/Memory.h"
 #include "server/VariantConversion.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <oleauto.h>
@@ -77,9 +79,13 @@ HRESULT ConvertElements(const SAFEARRAY& array, VARTYPE type, std::vector<float>
 
 bool Fits(double number) { return !std::isfinite(number) || std::abs(number) <= std::numeric_limits<float>::max(); }
 
+// As many numbers as an array of a document has at most. What claims more is a count that nothing stands behind.
+constexpr std::size_t MostNumbers = std::numeric_limits<std::int32_t>::max() / sizeof(float);
+
 SAFEARRAY* NewArray(VARTYPE type, std::size_t count)
 {
-    if (count > std::numeric_limits<ULONG>::max()) return nullptr;
+    const std::uint64_t width = type == VT_VARIANT ? sizeof(VARIANT) : WidthOf(type);
+    if (count > MostNumbers || count * width > platform::UsableMemory()) return nullptr;
     return SafeArrayCreateVector(type, 0, static_cast<ULONG>(count));
 }
 

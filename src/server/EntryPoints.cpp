@@ -13,6 +13,18 @@
 
 using namespace qor::server;
 
+// The compiler's own entry point, which makes and destroys what is static.
+extern "C" BOOL WINAPI DllMainCRTStartup(HINSTANCE library, DWORD reason, LPVOID reserved);
+
+// Called when the library comes, or goes; reserved is set where it goes with the process.
+extern "C" BOOL WINAPI LibraryEntry(HINSTANCE library, DWORD reason, LPVOID reserved)
+{
+    // The other threads of the process were stopped wherever they were, so that a lock may never be free again. What
+    // they held goes with the process.
+    if (reason == DLL_PROCESS_DETACH && reserved) return TRUE;
+    return DllMainCRTStartup(library, reason, reserved);
+}
+
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object)
 {
     if (!object) return E_POINTER;

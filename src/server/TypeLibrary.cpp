@@ -5,20 +5,32 @@
 #include "server/Module.h"
 
 #include <cstring>
-#include <mutex>
 #include <oleauto.h>
 
 namespace qor::server {
 namespace {
 
-std::mutex sharing;
+// The system's lock, as the standard one leaves memory behind when the library is unloaded.
+class Lock
+{
+public:
+    explicit Lock(SRWLOCK& lock) : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
+    ~Lock() { ReleaseSRWLockExclusive(&lock_); }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+
+private:
+    SRWLOCK& lock_;
+};
+
+SRWLOCK sharing = SRWLOCK_INIT;
 std::weak_ptr<const TypeLibrary> shared;
 
 } // namespace
 
 std::shared_ptr<const TypeLibrary> TypeLibrary::Shared()
 {
-    const std::lock_guard lock(sharing);
+    const Lock lock(sharing);
     if (auto present = shared.lock()) return present;
     ITypeLib* found = nullptr;
     if (FAILED(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &found))) return nullptr;

@@ -1,22 +1,32 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// The library's file beside the test program, and what the system calls in it.
+// The library's file beside the test program, loaded and freed by hand, and what the system calls in it.
 #pragma once
 
 #include "server/Client.h"
 
 #include <string>
+#include <utility>
 
 namespace qor::test {
 
+inline bool LibraryIsLoaded() { return GetModuleHandleW(L"QOR_File.dll") != nullptr; }
+
+// One reference to the loaded library.
 class Library
 {
 public:
     Library() : module_(LoadLibraryW(L"QOR_File.dll")) { EXPECT_TRUE(module_); }
-    ~Library() { FreeLibrary(module_); }
+    ~Library() { Free(); }
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
+
+    void Free()
+    {
+        if (module_) FreeLibrary(module_);
+        module_ = nullptr;
+    }
 
     HMODULE Module() const { return module_; }
     std::wstring Path() const
@@ -32,10 +42,32 @@ public:
     {
         return Call<HRESULT(BOOL, const wchar_t*)>("DllInstall", install, words);
     }
-    HRESULT CanUnloadNow() const { return Call<HRESULT()>("DllCanUnloadNow"); }
+    bool CanUnload() const
+    {
+        const HRESULT answer = Call<HRESULT()>("DllCanUnloadNow");
+        EXPECT_TRUE(answer == S_OK || answer == S_FALSE);
+        return answer == S_OK;
+    }
     HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** object) const
     {
         return Call<HRESULT(REFCLSID, REFIID, void**)>("DllGetClassObject", classId, iid, object);
+    }
+
+    template <class Class>
+    Held<IClassFactory> Factory() const
+    {
+        Held<IClassFactory> factory;
+        EXPECT_HRESULT_SUCCEEDED(GetClassObject(__uuidof(Class), IID_IClassFactory, factory.OutAny()));
+        return factory;
+    }
+
+    // A new object, made without the system's help.
+    template <class Class, class Interface>
+    Held<Interface> Create() const
+    {
+        Held<Interface> object;
+        EXPECT_HRESULT_SUCCEEDED(Factory<Class>()->CreateInstance(nullptr, __uuidof(Interface), object.OutAny()));
+        return object;
     }
 
 private:

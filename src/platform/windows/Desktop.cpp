@@ -2,19 +2,12 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "platform/Desktop.h"
 
-#include "platform/PerThread.h"
-
 #include <exception>
 #include <oaidl.h>
 #include <oleauto.h>
 #include <windows.h>
 
 namespace qor::platform {
-
-FiberLocalSlot::FiberLocalSlot(void(__stdcall* destroy)(void*)) : index_(FlsAlloc(destroy)) {}
-FiberLocalSlot::~FiberLocalSlot() { FlsFree(index_); }
-void* FiberLocalSlot::Get() const { return FlsGetValue(index_); }
-bool FiberLocalSlot::Set(void* value) const { return FlsSetValue(index_, value) != 0; }
 
 void PostError(std::uint32_t, std::u16string_view source, std::u16string_view description) noexcept
 {

@@ -12,6 +12,18 @@ namespace {
 // From here on a reservation of its own beats the heap: it goes back to the system when it is freed.
 constexpr std::size_t OwnReservation = std::size_t{2} << 20;
 
+INIT_ONCE measured = INIT_ONCE_STATIC_INIT;
+std::uint64_t usableMemory = SIZE_MAX;
+
+BOOL CALLBACK MeasureUsableMemory(INIT_ONCE*, void*, void**)
+{
+    MEMORYSTATUSEX status{};
+    status.dwLength = sizeof status;
+    if (GlobalMemoryStatusEx(&status))
+        usableMemory = std::min<std::uint64_t>(status.ullTotalPhys, status.ullTotalVirtual);
+    return TRUE;
+}
+
 } // namespace
 
 void* AllocateZeroed(std::size_t bytes) noexcept
@@ -33,13 +45,8 @@ void FreeZeroed(void* memory, std::size_t bytes) noexcept
 std::uint64_t UsableMemory() noexcept
 {
     // Asked for with every element that is appended, and it does not change.
-    static const std::uint64_t usable = [] {
-        MEMORYSTATUSEX status{};
-        status.dwLength = sizeof status;
-        if (!GlobalMemoryStatusEx(&status)) return std::uint64_t{SIZE_MAX};
-        return std::min<std::uint64_t>(status.ullTotalPhys, status.ullTotalVirtual);
-    }();
-    return usable;
+    InitOnceExecuteOnce(&measured, &MeasureUsableMemory, nullptr, nullptr);
+    return usableMemory;
 }
 
 } // namespace qor::platform

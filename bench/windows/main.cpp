@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// Measures what calls through COM cost. What is measured and how to read it: docs/performance.md. Fails when a result
+// was wrong, never for its time.
+#include "Benches.h"
+#include "Client.h"
+
+int main()
+{
+    using namespace qor::bench;
+    Require(SUCCEEDED(CoInitialize(nullptr)), "no apartment");
+    std::printf("%-34s %15s %15s %9s\n", "", "median", "reference", "ratio");
+    BenchCalls();
+    BenchArrays();
+    CoUninitialize();
+    return 0;
+}

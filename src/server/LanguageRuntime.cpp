@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// What the C++ runtime leaves behind when the library is unloaded, and a process can take only so often: a thread slot,
+// handles of each thread that threw, and memory that is set aside for exceptions.
+#include "platform/PerThread.h"
+
+#include <atomic>
+#include <cxxabi.h>
+#include <pthread.h>
+#include <windows.h>
+
+namespace __gnu_cxx {
+
+// Gives back the memory from which exceptions are made when there is none left.
+void __freeres();
+
+} // namespace __gnu_cxx
+
+namespace {
+
+// The exceptions that a thread is handling, with the members that the C++ ABI gives it.
+struct Exceptions {
+    void* caught = nullptr;
+    unsigned uncaught = 0;
+};
+
+struct GivesBack {
+    ~GivesBack() { __gnu_cxx::__freeres(); }
+} givesBack;
+
+} // namespace
+
+// In place of the runtime's own, which keep them in its emulation of thread_local.
+extern "C" abi::__cxa_eh_globals* abi::__cxa_get_globals() noexcept
+{
+    return reinterpret_cast<abi::__cxa_eh_globals*>(&qor::platform::PerThread<Exceptions>());
+}
+
+extern "C" abi::__cxa_eh_globals* abi::__cxa_get_globals_fast() noexcept { return abi::__cxa_get_globals(); }
+
+// The linker puts it in the place of pthread_once, through which 32-bit code finds its exception handlers.
+extern "C" int __wrap_pthread_once(pthread_once_t* once, void (*initialize)())
+{
+    constexpr pthread_once_t Done = 1;
+    constexpr pthread_once_t AtWork = 2;
+    const std::atomic_ref state(*once);
+    pthread_once_t fresh = PTHREAD_ONCE_INIT;
+    if (state.compare_exchange_strong(fresh, AtWork)) {
+        initialize();
+        state = Done;
+    }
+    while (state != Done) SwitchToThread();
+    return 0;
+}
