@@ -38,8 +38,9 @@ private:
     std::atomic<unsigned long> index_ = None; // the slot is taken at the first use
 };
 
+// 32-bit systems call it with any alignment of the stack.
 template <class T>
-void __stdcall DestroyPerThread(void* value)
+[[gnu::force_align_arg_pointer]] void __stdcall DestroyPerThread(void* value)
 {
     // What a stopped thread was at work on cannot be destroyed, and its memory goes with the process.
     if (!ProcessIsEnding()) delete static_cast<T*>(value);

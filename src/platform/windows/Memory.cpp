@@ -15,7 +15,7 @@ constexpr std::size_t OwnReservation = std::size_t{2} << 20;
 INIT_ONCE measured = INIT_ONCE_STATIC_INIT;
 std::uint64_t usableMemory = SIZE_MAX;
 
-BOOL CALLBACK MeasureUsableMemory(INIT_ONCE*, void*, void**)
+[[gnu::force_align_arg_pointer]] BOOL CALLBACK MeasureUsableMemory(INIT_ONCE*, void*, void**)
 {
     MEMORYSTATUSEX status{};
     status.dwLength = sizeof status;
