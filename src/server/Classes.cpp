@@ -2,9 +2,9 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "server/Classes.h"
 
-#include "server/AddedClasses.h"
 #include "server/ComObject.h"
-#include "server/FileServer.h"
+#include "server/members/AddedClasses.h"
+#include "server/members/FileServer.h"
 
 #include <array>
 

@@ -7,7 +7,7 @@
 
 #include "server/Border.h"
 #include "server/Module.h"
-#include "server/TypeLibrary.h"
+#include "server/dispatch/TypeLibrary.h"
 
 #include <atomic>
 #include <ocidl.h>

@@ -3,8 +3,8 @@
 //
 // A client that ends, with exit code 0, while its threads still use the library.
 //   server_ending_client holding|working|killed
-#include "server/Library.h"
 #include "Threads.h"
+#include "server/Library.h"
 
 using namespace qor::test;
 

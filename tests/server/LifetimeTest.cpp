@@ -2,8 +2,8 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // How long documents and library live: threads end, the library goes, in either order, again and again.
-#include "server/Library.h"
 #include "Threads.h"
+#include "server/Library.h"
 
 using namespace qor::test;
 

@@ -97,8 +97,8 @@ TEST(Version, IsWhatTheObjectSays)
 TEST(Imports, AreOfTheSystemOnly)
 {
     const Library library;
-    const std::set<std::string> ofTheSystem = {"kernel32.dll", "advapi32.dll", "ole32.dll",
-                                               "oleaut32.dll", "user32.dll",   "msvcrt.dll"};
+    const std::set<std::string> ofTheSystem = {"kernel32.dll", "advapi32.dll", "ole32.dll", "oleaut32.dll",
+                                               "user32.dll",   "msvcrt.dll",   "ntdll.dll"};
 
     const std::set<std::string> imports = ImportsOf(library.Module());
 

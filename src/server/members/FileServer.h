@@ -4,9 +4,9 @@
 // clsQOR_File as clients see it. The members of each document stand in a layer of their own below.
 #pragma once
 
-#include "server/FileArraysServer.h"
-#include "server/InertAddedClasses.h"
-#include "server/StructureServer.h"
+#include "server/members/FileArraysServer.h"
+#include "server/members/InertAddedClasses.h"
+#include "server/members/StructureServer.h"
 
 namespace qor::server {
 

@@ -4,7 +4,7 @@
 // The members of _clsQOR_File on Structures.
 #pragma once
 
-#include "server/ShapeTableServer.h"
+#include "server/members/ShapeTableServer.h"
 
 namespace qor::server {
 

@@ -4,9 +4,9 @@
 // The added classes, whose members work on the documents of the thread.
 #pragma once
 
-#include "server/Arguments.h"
-#include "server/Dispatched.h"
 #include "server/Interfaces.h"
+#include "server/dispatch/Dispatched.h"
+#include "server/members/Arguments.h"
 
 namespace qor::server {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
-#include "server/VariantConversion.h"
+#include "server/dispatch/VariantConversion.h"
 
 #include <cmath>
 #include <cstring>

@@ -6,8 +6,8 @@
 // own dispatcher refuses most of what script clients send, and is slower.
 #pragma once
 
-#include "server/ComPointer.h"
-#include "server/DispatchArgument.h"
+#include "server/dispatch/ComPointer.h"
+#include "server/dispatch/DispatchArgument.h"
 
 #include <oaidl.h>
 #include <optional>

@@ -4,9 +4,9 @@
 // The members of _clsQOR_File on Data Blocks.
 #pragma once
 
-#include "server/Arguments.h"
-#include "server/Dispatched.h"
 #include "server/Interfaces.h"
+#include "server/dispatch/Dispatched.h"
+#include "server/members/Arguments.h"
 
 namespace qor::server {
 

@@ -5,9 +5,9 @@
 // the classes ClassAdd_1 to ClassAdd_5.
 #pragma once
 
-#include "server/Arguments.h"
-#include "server/Dispatched.h"
 #include "server/Interfaces.h"
+#include "server/dispatch/Dispatched.h"
+#include "server/members/Arguments.h"
 
 namespace qor::server {
 

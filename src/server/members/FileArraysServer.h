@@ -4,9 +4,9 @@
 // The members of IQOR_FileArrays: a client's arrays, and one call of the component.
 #pragma once
 
-#include "server/ArrayArguments.h"
-#include "server/Dispatched.h"
 #include "server/Interfaces.h"
+#include "server/dispatch/Dispatched.h"
+#include "server/members/ArrayArguments.h"
 
 #include <QOR_File/FileArrays.h>
 

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "server/Border.h"
-#include "server/TypeLibrary.h"
+#include "server/dispatch/TypeLibrary.h"
 
 #include <algorithm>
 #include <memory>

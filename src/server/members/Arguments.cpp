@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
-#include "server/Arguments.h"
+#include "server/members/Arguments.h"
 
-#include "server/VariantConversion.h"
+#include "server/dispatch/VariantConversion.h"
 
 #include <limits>
 #include <new>

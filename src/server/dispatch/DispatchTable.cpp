@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
-#include "server/DispatchTable.h"
+#include "server/dispatch/DispatchTable.h"
 
 #include <array>
 #include <oleauto.h>

@@ -4,7 +4,7 @@
 // The members of _clsQOR_File on Shape Tables.
 #pragma once
 
-#include "server/DataBlockServer.h"
+#include "server/members/DataBlockServer.h"
 
 namespace qor::server {
 

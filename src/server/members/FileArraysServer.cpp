@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
-#include "server/FileArraysServer.h"
+#include "server/members/FileArraysServer.h"
 
 #include "server/Border.h"
 

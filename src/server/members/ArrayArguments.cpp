@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
-#include "server/ArrayArguments.h"
+#include "server/members/ArrayArguments.h"
 
 #include "platform/Memory.h"
-#include "server/VariantConversion.h"
+#include "server/dispatch/VariantConversion.h"
 
 #include <algorithm>
 #include <cmath>

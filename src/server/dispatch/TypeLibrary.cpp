@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
-#include "server/TypeLibrary.h"
+#include "server/dispatch/TypeLibrary.h"
 
 #include "server/Module.h"
 

@@ -4,7 +4,7 @@
 // The type library that stands in this library's own file, so that objects describe themselves registered or not.
 #pragma once
 
-#include "server/DispatchTable.h"
+#include "server/dispatch/DispatchTable.h"
 
 #include <map>
 #include <memory>
