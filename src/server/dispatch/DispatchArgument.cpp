@@ -30,13 +30,6 @@ bool SameValue(const VARIANT& left, const VARIANT& right)
 
 } // namespace
 
-DispatchArgument::DispatchArgument()
-{
-    VariantInit(&reference_);
-    VariantInit(&copy_);
-    VariantInit(&before_);
-}
-
 DispatchArgument::~DispatchArgument()
 {
     VariantClear(&copy_);

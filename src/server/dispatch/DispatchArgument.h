@@ -17,7 +17,7 @@ struct DispatchParameter {
 class DispatchArgument
 {
 public:
-    DispatchArgument();
+    DispatchArgument() = default;
     ~DispatchArgument();
     DispatchArgument(const DispatchArgument&) = delete;
     DispatchArgument& operator=(const DispatchArgument&) = delete;
@@ -43,9 +43,9 @@ private:
 
     VARIANTARG* passed_ = nullptr;
     bool isWhole_ = false;        // a parameter of any type, by value: all of the variant is passed
-    VARIANTARG reference_;        // VT_BYREF to what is passed by reference
-    VARIANT copy_;                // the converted value
-    VARIANT before_;              // the same before the call
+    VARIANTARG reference_{};      // VT_BYREF to what is passed by reference
+    VARIANT copy_{};              // the converted value; 0 in full, which VariantInit leaves to newer systems
+    VARIANT before_{};            // the same before the call
     VARIANT* variable_ = nullptr; // the client's, that copy_ was made of and may go back to
 };
 
