@@ -245,6 +245,20 @@ TEST_F(Arrays, OfOtherThingsAreRefused)
     ExpectRefused(mixed, DISP_E_TYPEMISMATCH);
 }
 
+TEST_F(Arrays, WithoutElementsInMemoryAreRefused)
+{
+    SAFEARRAY* array = nullptr;
+    for (const VARTYPE type : {VT_R4, VT_R8, VT_I4, VT_VARIANT}) {
+        SafeArrayAllocDescriptorEx(type, 1, &array);
+        array->rgsabound[0] = {Length, 0};
+        const std::uint64_t before = CleanBits();
+        const Outcome outcome = Invoke(arrays, L"WriteTraceSamples", {1, RefAs(VT_ARRAY | type, &array)});
+        EXPECT_EQ(outcome.fault, DISP_E_TYPEMISMATCH) << type;
+        EXPECT_EQ(CleanBits(), before);
+        SafeArrayDestroyDescriptor(array);
+    }
+}
+
 TEST_F(Arrays, ThatAreInUseAreStillRead)
 {
     Variant values = Counting<float>(Length, 3);
@@ -342,6 +356,19 @@ TEST_F(Arrays, FillDeclaredArraysOfFixedSize)
     EXPECT_EQ(real.array->rgsabound[0].lLbound, 1);
     EXPECT_EQ(real.Numbers(), Real(2));
     EXPECT_EQ(imaginary.Numbers(), Imaginary(2));
+}
+
+TEST_F(Arrays, OfFixedSizeAreNotFilledWithElementsOfAnotherType)
+{
+    FixedArray doubles(Length), none(Length);
+    doubles.Elements()[0] = 42;
+    void* const memory = std::exchange(none.array->pvData, nullptr);
+    for (const Variant& given :
+         {RefAs(VT_ARRAY | VT_VARIANT, &doubles.array), RefAs(VT_ARRAY | VT_R4, &doubles.array), none.Reference()}) {
+        EXPECT_EQ(Read(given).fault, DISP_E_TYPEMISMATCH);
+    }
+    none.array->pvData = memory;
+    EXPECT_EQ(doubles.Elements()[0], 42);
 }
 
 TEST_F(Arrays, ThatCannotAllBeDeliveredLeaveEveryVariable)

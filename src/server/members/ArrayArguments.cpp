@@ -43,6 +43,13 @@ std::size_t CountOf(const SAFEARRAY& array)
     return count;
 }
 
+// Elements as wide as type says, and memory for them.
+bool HoldsElements(const SAFEARRAY& array, VARTYPE type)
+{
+    const std::size_t width = type == VT_VARIANT ? sizeof(VARIANT) : WidthOf(type);
+    return array.cbElements == width && (array.pvData || CountOf(array) == 0);
+}
+
 HRESULT NumberOf(const VARIANT& element, float& number)
 {
     VARIANT converted;
@@ -66,7 +73,6 @@ HRESULT ConvertElements(const SAFEARRAY& array, VARTYPE type, std::vector<float>
     const auto* place = static_cast<const std::byte*>(array.pvData);
     const std::size_t width = array.cbElements;
     const bool isVariant = type == VT_VARIANT;
-    if (width != (isVariant ? sizeof(VARIANT) : WidthOf(type))) return DISP_E_TYPEMISMATCH;
     numbers.resize(CountOf(array));
     for (float& number : numbers) {
         const HRESULT converted = isVariant ? NumberOf(*reinterpret_cast<const VARIANT*>(place), number)
@@ -129,7 +135,8 @@ HRESULT ArrayArgument::TakeArray(SAFEARRAY* array)
 {
     if (!array) return S_OK;
     VARTYPE type = VT_EMPTY;
-    if (FAILED(SafeArrayGetVartype(array, &type)) || !IsOneRow(*array)) return DISP_E_TYPEMISMATCH;
+    if (FAILED(SafeArrayGetVartype(array, &type)) || !IsOneRow(*array) || !HoldsElements(*array, type))
+        return DISP_E_TYPEMISMATCH;
     void* elements = nullptr;
     if (FAILED(SafeArrayAccessData(array, &elements))) return DISP_E_ARRAYISLOCKED;
     opened_ = array;
@@ -180,7 +187,9 @@ HRESULT ArrayResult::MakeReady()
     if (!variable_) return S_OK;
     const SAFEARRAY* const present = Present();
     if (IsFilledInPlace(present))
-        return IsOneRow(*present) && CountOf(*present) == values_.size() ? S_OK : DISP_E_TYPEMISMATCH;
+        return IsOneRow(*present) && CountOf(*present) == values_.size() && HoldsElements(*present, type_)
+                   ? S_OK
+                   : DISP_E_TYPEMISMATCH;
     if (present && present->cLocks > 0) return DISP_E_ARRAYISLOCKED;
     if (type_ == VT_R4) return S_OK;
     SAFEARRAY* const other = NewArray(type_, values_.size());
