@@ -7,6 +7,7 @@
 #include "server/WorkingSet.h"
 
 #include <functional>
+#include <limits>
 #include <optional>
 #include <type_traits>
 
@@ -226,6 +227,8 @@ TEST_F(Arrays, OfOtherLengthsAreRefused)
     ExpectRefused(Variant(), S_OK);
     ExpectRefused(Variant(1.0), S_OK);
     ExpectRefused(Variant(VT_R8, nullptr), S_OK);
+    ExpectRefused(Counting<double>({{0, 0}, {0, 0}}, 0), S_OK); // MATLAB's []
+    ExpectRefused(Counting<double>({{0, 0}, {3, 0}}, 0), S_OK);
 }
 
 TEST_F(Arrays, OfOtherThingsAreRefused)
@@ -257,6 +260,18 @@ TEST_F(Arrays, WithoutElementsInMemoryAreRefused)
         EXPECT_EQ(CleanBits(), before);
         SafeArrayDestroyDescriptor(array);
     }
+}
+
+TEST_F(Arrays, OfTheLargestNumbersAreTaken)
+{
+    constexpr float largest = std::numeric_limits<float>::max();
+    Variant doubles = Counting<double>(Length), variants = Counting<VARIANT>(Length);
+    for (int number = 0; number < Length; ++number) {
+        static_cast<double*>(doubles.Raw().parray->pvData)[number] = -double{largest};
+        static_cast<VARIANT*>(variants.Raw().parray->pvData)[number] = Variant(double{largest}).Raw();
+    }
+    ExpectTaken(doubles, Floats(Length, -largest));
+    ExpectTaken(variants, Floats(Length, largest));
 }
 
 TEST_F(Arrays, ThatAreInUseAreStillRead)
@@ -390,6 +405,10 @@ TEST_F(Arrays, ThatCannotAllBeDeliveredLeaveEveryVariable)
             EXPECT_FALSE(outcome.description.empty());
             EXPECT_EQ(other, Variant(7));
         }
+        Variant early = make();
+        ReturnStatus status = Success;
+        EXPECT_HRESULT_FAILED(own->ReadTraceSamples(2, &early.Raw(), nullptr, &status));
+        EXPECT_EQ(status, Failure);
     }
     EXPECT_EQ(tooShort.Elements()[0], 42);
     EXPECT_EQ(locked.Raw().parray->cLocks, 1U);

@@ -143,6 +143,7 @@ TEST_P(EveryClass, DescribesItself)
 
     GUID events{};
     EXPECT_NE(describing->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events), S_OK); // it has none
+    EXPECT_EQ(describing->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID + 1, &events), E_INVALIDARG);
     EXPECT_EQ(describing->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, nullptr), E_POINTER);
     EXPECT_EQ(describing->GetClassInfo(nullptr), E_POINTER);
 }
@@ -174,6 +175,20 @@ TEST_P(EveryClass, HasAFactoryThatRefusesWhatItCannotMake)
     EXPECT_EQ(library.GetClassObject(GetParam().id, IID_IStream, &made), E_NOINTERFACE);
     EXPECT_EQ(made, nullptr);
     EXPECT_EQ(library.GetClassObject(GetParam().id, IID_IClassFactory, nullptr), E_POINTER);
+}
+
+TEST_P(EveryClass, HasAFactoryWithAnIdentity)
+{
+    const Library library;
+    Held<IUnknown> unknown;
+    Held<IUnknown> factory;
+
+    EXPECT_EQ(library.GetClassObject(GetParam().id, IID_IUnknown, unknown.OutAny()), S_OK);
+    ASSERT_TRUE(unknown);
+    EXPECT_EQ(unknown->QueryInterface(IID_IClassFactory, factory.OutAny()), S_OK);
+
+    EXPECT_EQ(Ask<IUnknown>(factory).Get(), unknown.Get());
+    EXPECT_EQ(unknown->QueryInterface(IID_IClassFactory, nullptr), E_POINTER);
 }
 
 TEST(Classes, AreNoOthersThanThePublished)

@@ -5,6 +5,7 @@
 #include "server/Documents.h"
 #include "server/LateClient.h"
 #include "server/Members.h"
+#include "server/WorkingSet.h"
 
 #include <cmath>
 #include <limits>
@@ -373,6 +374,24 @@ TEST_F(LateBinding, PassesInfiniteAndUndefinedNumbers)
     EXPECT_EQ(typed, infinity);
 }
 
+TEST_F(LateBinding, TakesTheLargestNumbersAndNoLargerOnes)
+{
+    constexpr double largest = std::numeric_limits<float>::max();
+    const double larger = std::nextafter(largest, std::numeric_limits<double>::infinity());
+    ExpectStatus(Success, Invoke(file, L"WriteTraceSampleValue", {1, 1, largest, -largest}));
+    float re = 0, im = 0;
+    documents.file.ReadTraceSampleValue(1, 1, re, im);
+    EXPECT_EQ(re, std::numeric_limits<float>::max());
+    EXPECT_EQ(im, std::numeric_limits<float>::lowest());
+    EXPECT_EQ(Invoke(file, L"WriteTraceSampleValue", {1, 1, larger, 0}).result, DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(Invoke(file, L"WriteTraceSampleValue", {1, 1, 0, -larger}).result, DISP_E_TYPEMISMATCH);
+
+    EXPECT_EQ(Put(file, L"Structure_NumberOfEdgeLines", {32768.0}).result, S_OK);
+    EXPECT_EQ(Put(file, L"Structure_NumberOfEdgeLines", {-2147483648.0}).result, S_OK);
+    EXPECT_EQ(Put(file, L"Structure_NumberOfEdgeLines", {-2147483649.0}).result, DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(Put(file, L"Structure_NumberOfEdgeLines", {2147483648.0}).result, DISP_E_TYPEMISMATCH);
+}
+
 TEST_F(LateBinding, TakesAnyNumberForTruth)
 {
     for (const auto& [given, expected] :
@@ -498,6 +517,28 @@ TEST_F(LateBinding, PostsTheErrorOfAFailingMember)
     ASSERT_TRUE(posted);
     EXPECT_EQ(posted->source, L"QORshell");
     EXPECT_EQ(posted->description, L"Error (10): Trace Index error");
+}
+
+// ---- memory ----------------------------------------------------------------------------------------------------
+
+TEST_F(LateBinding, ReleasesTheTextsOfManyCalls)
+{
+    documents.file.DataBlock_Label(u"a text that the call makes for its caller");
+    const DISPID label = IdOf(file, L"DataBlock_Label");
+    const auto round = [&] {
+        for (int call = 0; call < 1000; ++call) {
+            DISPPARAMS none{};
+            file->Invoke(label, IID_NULL, 0, AsScriptsCall, &none, nullptr, nullptr, nullptr); // nobody wants it
+            Variant number(12345.5), text(L"1.25000000000000000000");
+            Invoke(file, L"GetFileName", {Ref(number)});
+            BSTR own = SysAllocString(L"a label that gives way to the one of the point");
+            BSTR digits = SysAllocString(L"2.25000000000000000000");
+            Invoke(file, L"ReadStructureVertexPoint", {2, Ref(own), Ref(text), RefAs(VT_BSTR, &digits), 0, 0, false});
+            SysFreeString(own);
+            SysFreeString(digits);
+        }
+    };
+    EXPECT_LT(GrowthOver(20, round), 300'000U); // a single lost text a call would be 800 KB
 }
 
 // ---- the added interfaces --------------------------------------------------------------------------------------

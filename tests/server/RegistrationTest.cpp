@@ -101,11 +101,12 @@ DWORD ExitCodeOf(std::wstring commandLine)
 class ForeignKey
 {
 public:
-    explicit ForeignKey(const std::wstring& name, REGSAM view = 0) : name_(L"Software\\Classes\\" + name), view_(view)
+    explicit ForeignKey(const std::wstring& name, REGSAM view = 0, DWORD options = REG_OPTION_NON_VOLATILE)
+        : name_(L"Software\\Classes\\" + name), view_(view)
     {
         HKEY key = nullptr;
-        EXPECT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, name_.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS | view_, nullptr,
-                                  &key, nullptr),
+        EXPECT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, name_.c_str(), 0, nullptr, options, KEY_ALL_ACCESS | view_,
+                                  nullptr, &key, nullptr),
                   ERROR_SUCCESS);
         RegCloseKey(key);
     }
@@ -219,6 +220,16 @@ TEST_F(Registration, IsNotNeededByAProgramWhoseManifestNamesTheLibrary)
     EXPECT_TRUE(DeleteFileW(saved.c_str())); // it was there
 }
 
+TEST_F(Registration, ThatFailsHalfWayLeavesNoKeyBehind)
+{
+    // A key that goes with the system's end takes none that would stay.
+    const ForeignKey obstacle(L"QOR_File.ClassAdd_5", 0, REG_OPTION_VOLATILE);
+
+    EXPECT_EQ(library_.Register(), HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
+
+    EXPECT_EQ(Unexpected(HKEY_LOCAL_MACHINE), "");
+}
+
 TEST_F(Registration, TwiceIsAsGoodAsOnce)
 {
     EXPECT_EQ(library_.Register(), S_OK);
@@ -258,12 +269,17 @@ TEST_F(Registration, LeavesKeysOfOthersBelowItsOwn)
     EXPECT_EQ(library_.Register(), S_OK);
     const std::wstring name = FileKey + L"\\SomebodyElses";
     const ForeignKey foreign(name);
+    const std::wstring server = FileKey + L"\\InprocServer32"; // which also has a value with a name
+    const ForeignKey deeper(server + L"\\SomebodyElses");
 
     EXPECT_EQ(library_.Unregister(), S_OK);
 
-    // The key that holds the foreign one stays, but says nothing any more.
-    EXPECT_EQ(Unexpected(HKEY_LOCAL_MACHINE, {{FileKey, L""}, {name, L""}}), "");
+    // The keys that hold the foreign ones stay, but say nothing any more.
+    EXPECT_EQ(Unexpected(HKEY_LOCAL_MACHINE,
+                         {{FileKey, L""}, {name, L""}, {server, L""}, {server + L"\\SomebodyElses", L""}}),
+              "");
     foreign.Remove();
+    deeper.Remove();
     EXPECT_EQ(library_.Unregister(), S_OK);
     EXPECT_EQ(Unexpected(HKEY_LOCAL_MACHINE), "");
 }
