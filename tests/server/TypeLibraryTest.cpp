@@ -390,3 +390,18 @@ TEST_P(TypeLibraryHalf, SaysWhatItsMembersAreFor)
             half, [&](const FUNCDESC& member) { EXPECT_NE(half.Help(member.memid), "") << half.Name(member.memid); });
     });
 }
+
+TEST_P(TypeLibraryHalf, SaysHowTheNumbersOfElementsCount)
+{
+    ForEachInterface([](const Description& half) {
+        ForEachMember(half, [&](const FUNCDESC& member) {
+            BSTR names[2] = {};
+            UINT count = 0;
+            ASSERT_HRESULT_SUCCEEDED(half->GetNames(member.memid, names, 2, &count));
+            const std::string name = Take(names[0]);
+            const std::string first = Take(names[1]);
+            if (!first.ends_with("Number") && !first.ends_with("number")) return;
+            EXPECT_NE(half.Help(member.memid).find("from 1"), std::string::npos) << name;
+        });
+    });
+}
