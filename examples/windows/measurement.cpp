@@ -101,9 +101,10 @@ void Show(_clsQOR_FilePtr& file, IQOR_FileArraysPtr& arrays, _bstr_t path)
         _bstr_t label;
         _bstr_t units;
         _variant_t values;
+        _variant_t notWanted(DISP_E_PARAMNOTFOUND, VT_ERROR); // not null, which cannot leave the apartment
         Require(file->get_Trace_Label(trace, label.GetAddress()));
         Require(file->get_Trace_MeasurementUnits(trace, units.GetAddress()));
-        Require(arrays->ReadTraceSamples(trace, &values, nullptr, &status));
+        Require(arrays->ReadTraceSamples(trace, &values, &notWanted, &status));
         Require(file, label, status);
         std::printf("%ls: peak %.3f %ls\n", static_cast<const wchar_t*>(label), Peak(values),
                     static_cast<const wchar_t*>(units));

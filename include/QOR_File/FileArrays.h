@@ -19,7 +19,8 @@ class FileArrays
 {
 public:
     // The documents of this thread as they are stored: complex samples as real and imaginary part, the counts those of
-    // the records, the X axis as it is. An error is left as the thread's shared error status, as the added classes do.
+    // the records, the X axis as it is. An error is left as the thread's shared error status, as the added classes do;
+    // the next call that succeeds clears it.
     FileArrays() = default;
     // The documents as the object sees them, which must live longer: its view of complex samples, its counts of shapes
     // and DOFs, its X axis, its error status.

@@ -30,7 +30,7 @@ FileArrays::View FileArrays::Seen() const
 ReturnStatus FileArrays::Report(ReturnStatus status, ErrorStatusTypes error)
 {
     if (file_) return file_->Report(status, error);
-    ShareError(error);
+    modQOR_File().SharedErrorStatus = error; // also none, so that an error does not outlive the next call
     return status;
 }
 

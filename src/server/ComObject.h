@@ -22,6 +22,9 @@ public:
     // A new object's interface iid; the object is gone again where it has none such.
     static HRESULT Create(REFIID iid, void** object)
     {
+        if (!object) return E_POINTER;
+        *object = nullptr;
+        if (!Has(iid)) return E_NOINTERFACE; // before anything is made: a new clsQOR_File empties the documents
         return Guarded([&] {
             auto* made = new ComObject;
             const HRESULT found = made->QueryInterface(iid, object);
@@ -83,6 +86,13 @@ public:
 
 private:
     ComObject() = default;
+
+    static bool Has(REFIID iid)
+    {
+        return iid == IID_IUnknown || iid == IID_IDispatch || iid == IID_ISupportErrorInfo ||
+               iid == IID_IProvideClassInfo || iid == IID_IProvideClassInfo2 || iid == __uuidof(Default) ||
+               ((iid == __uuidof(Others)) || ...);
+    }
 
     template <class Interface>
     void Find(REFIID iid, void** object)

@@ -9,16 +9,17 @@
 namespace qor::server {
 namespace {
 
-std::atomic<long> holders = 0;
+std::atomic<long> objects = 0;
+std::atomic<long> locks = 0;
 
 } // namespace
 
-HoldsModule::HoldsModule() noexcept { ++holders; }
-HoldsModule::~HoldsModule() { --holders; }
+HoldsModule::HoldsModule() noexcept { ++objects; }
+HoldsModule::~HoldsModule() { --objects; }
 
-void LockModule(bool lock) noexcept { holders += lock ? 1 : -1; }
+void LockModule(bool lock) noexcept { locks += lock ? 1 : -1; }
 
-bool CanUnload() noexcept { return holders <= 0 && ThreadsWithDocuments() == 0; }
+bool CanUnload() noexcept { return objects == 0 && locks <= 0 && ThreadsWithDocuments() == 0; }
 
 std::wstring ModulePath()
 {

@@ -380,9 +380,10 @@ TEST(FileArraysAlone, LeaveErrorsAsTheSharedErrorStatus)
         EXPECT_EQ(FileArrays().ReadStructureVertexPointCoordinates({}, {}, {}), Failure);
         EXPECT_EQ(file.ErrorStatus(), VertexPointsNotAllocated);
 
+        EXPECT_EQ(file.ErrorStatus(), VertexPointsNotAllocated) << "it stays until the next call";
         EXPECT_EQ(ReadTrace(FileArrays(), 1, 2, 0).status, Success);
-        EXPECT_EQ(file.ErrorStatus(), VertexPointsNotAllocated) << "a success does not clear it";
-        EXPECT_EQ(file.GetLastErrorString(), u"") << "there is no text";
+        EXPECT_EQ(file.ErrorStatus(), NoError);
+        EXPECT_EQ(file.GetLastErrorString(), u"") << "there was no text";
     });
 }
 

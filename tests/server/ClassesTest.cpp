@@ -127,6 +127,20 @@ TEST_P(EveryClass, IsNotCreatedWithAnInterfaceThatItHasNot)
     EXPECT_EQ(object, nullptr);
 }
 
+TEST(FileClass, KeepsTheDocumentsWhereItIsNotCreated)
+{
+    const Apartment apartment;
+    const auto file = Create<clsQOR_File, _clsQOR_File>();
+    file->put_DataBlock_NumberOfTraces(3);
+    Held<IStream> stream;
+    EXPECT_EQ(CoCreateInstance(__uuidof(clsQOR_File), nullptr, CLSCTX_INPROC_SERVER, IID_IStream, stream.OutAny()),
+              E_NOINTERFACE);
+
+    LONG traces = 0;
+    file->get_DataBlock_NumberOfTraces(&traces);
+    EXPECT_EQ(traces, 3);
+}
+
 TEST_P(EveryClass, DescribesItself)
 {
     const auto object = New();

@@ -183,6 +183,8 @@ TEST_F(LateBinding, RefusesADeclaredVariableThatCannotHoldTheResult)
     EXPECT_EQ(outcome.result, DISP_E_TYPEMISMATCH);
     EXPECT_EQ(outcome.wrongArgument, 1U);
     EXPECT_EQ(color, 0);
+    EXPECT_EQ(label.Raw().vt, VT_EMPTY); // nor is any other variable written
+    EXPECT_EQ(x.Raw().vt, VT_EMPTY);
 }
 
 // ---- arguments left out, and named -----------------------------------------------------------------------------

@@ -12,6 +12,7 @@ namespace qor::platform {
 void PostError(std::uint32_t, std::u16string_view source, std::u16string_view description) noexcept
 {
     // The error object carries texts only; its number travels in the failed call's own result.
+    SetErrorInfo(0, nullptr); // no older text is to stand for this error, should there be no memory for its own
     try {
         std::wstring sourceText(source.begin(), source.end());
         std::wstring descriptionText(description.begin(), description.end());

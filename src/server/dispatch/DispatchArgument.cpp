@@ -102,14 +102,24 @@ HRESULT DispatchArgument::TakeTyped(const DispatchParameter& parameter, VARIANTA
     return canChange ? VariantCopy(&before_, &copy_) : S_OK;
 }
 
-HRESULT DispatchArgument::GiveBack(LCID locale)
+HRESULT DispatchArgument::MakeReady(LCID locale)
 {
-    if (!variable_ || (variable_->vt != VT_EMPTY && SameValue(copy_, before_))) return S_OK;
-    if ((variable_->vt & VT_BYREF) != 0) return ConvertInto(*variable_, copy_, locale);
-    VariantClear(variable_);
-    *variable_ = copy_;
-    VariantInit(&copy_);
-    return S_OK;
+    if (variable_ && variable_->vt != VT_EMPTY && SameValue(copy_, before_)) variable_ = nullptr;
+    if (!variable_ || (variable_->vt & VT_BYREF) == 0) return S_OK;
+    const auto type = static_cast<VARTYPE>(variable_->vt & ~VT_BYREF);
+    return CanReferTo(type) ? Convert(before_, copy_, type, locale) : DISP_E_TYPEMISMATCH;
+}
+
+void DispatchArgument::GiveBack()
+{
+    if (!variable_) return;
+    if ((variable_->vt & VT_BYREF) != 0) {
+        MoveInto(*variable_, before_);
+    } else {
+        VariantClear(variable_);
+        *variable_ = copy_;
+        VariantInit(&copy_);
+    }
 }
 
 } // namespace qor::server

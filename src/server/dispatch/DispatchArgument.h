@@ -33,7 +33,10 @@ public:
 
     // Writes a copy that the member changed back to the client's variable. A variable that was empty always gets its
     // value; one that holds a value that did not change keeps it, and its type.
-    HRESULT GiveBack(LCID locale);
+    // In two steps, so that a call writes back all variables or none: DISP_E_TYPEMISMATCH where a declared variable
+    // cannot hold the value.
+    HRESULT MakeReady(LCID locale);
+    void GiveBack();
 
 private:
     HRESULT TakeNothing(const DispatchParameter& parameter);
@@ -45,7 +48,7 @@ private:
     bool isWhole_ = false;        // a parameter of any type, by value: all of the variant is passed
     VARIANTARG reference_{};      // VT_BYREF to what is passed by reference
     VARIANT copy_{};              // the converted value; 0 in full, which VariantInit leaves to newer systems
-    VARIANT before_{};            // the same before the call
+    VARIANT before_{};            // the same before the call, later what goes back into a declared variable
     VARIANT* variable_ = nullptr; // the client's, that copy_ was made of and may go back to
 };
 

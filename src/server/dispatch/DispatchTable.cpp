@@ -177,13 +177,18 @@ HRESULT DispatchTable::Invoke(void* object, DISPID id, LCID locale, WORD flags, 
     if (FAILED(returned.scode)) return Explain(returned.scode, exception);
 
     value.vt = member->result;
+    for (std::size_t number = 0; number < count; ++number) {
+        if (const HRESULT ready = arguments[number].MakeReady(locale); FAILED(ready)) {
+            VariantClear(&value);
+            return refuse(number, ready);
+        }
+    }
+    for (DispatchArgument& argument : arguments) argument.GiveBack();
     if (result) {
         *result = value;
     } else {
         VariantClear(&value);
     }
-    for (std::size_t number = 0; number < count; ++number)
-        if (const HRESULT written = arguments[number].GiveBack(locale); FAILED(written)) return refuse(number, written);
     return S_OK;
 }
 

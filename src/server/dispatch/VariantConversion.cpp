@@ -103,28 +103,19 @@ HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID local
     return ChangeType(target, source, type, locale);
 }
 
-HRESULT ConvertInto(const VARIANT& target, const VARIANT& source, LCID locale)
+bool CanReferTo(VARTYPE type) { return type == VT_BSTR || type == VT_DECIMAL || WidthOf(type) != 0; }
+
+void MoveInto(const VARIANT& target, VARIANT& value)
 {
-    const auto type = static_cast<VARTYPE>(target.vt & ~VT_BYREF);
-    VARIANT value;
-    VariantInit(&value);
-    if (const HRESULT converted = Convert(value, source, type, locale); FAILED(converted)) return converted;
-    if (type == VT_BSTR) {
+    if (value.vt == VT_BSTR) {
         SysFreeString(std::exchange(*target.pbstrVal, value.bstrVal));
-        return S_OK;
-    }
-    if (type == VT_DECIMAL) { // stands in a variant beside its type
+        VariantInit(&value);
+    } else if (value.vt == VT_DECIMAL) { // stands in a variant beside its type
         *target.pdecVal = value.decVal;
         target.pdecVal->wReserved = 0;
-        return S_OK;
+    } else {
+        std::memcpy(target.byref, &value.lVal, WidthOf(value.vt));
     }
-    const std::size_t width = WidthOf(type);
-    if (width == 0) {
-        VariantClear(&value);
-        return DISP_E_TYPEMISMATCH;
-    }
-    std::memcpy(target.byref, &value.lVal, width);
-    return S_OK;
 }
 
 } // namespace qor::server

@@ -23,7 +23,10 @@ bool TextsEqual(BSTR left, BSTR right);
 // Sets target, which is cleared first, to source as type. DISP_E_TYPEMISMATCH where there is no such value.
 HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID locale);
 
-// Stores source in what target, a VT_BYREF of a simple type, a decimal or a text, refers to.
-HRESULT ConvertInto(const VARIANT& target, const VARIANT& source, LCID locale);
+// Whether a VT_BYREF of this type can be written by MoveInto: simple types and texts.
+bool CanReferTo(VARTYPE type);
+
+// Stores value in what target, a VT_BYREF of the same type, refers to; value gives its text up.
+void MoveInto(const VARIANT& target, VARIANT& value);
 
 } // namespace qor::server

@@ -45,7 +45,7 @@ NumericVariant NumericOf(const VARIANT& value)
     switch (value.vt) {
     case VT_EMPTY: return std::monostate();
     case VT_UI1: return value.bVal;
-    case VT_I1: return static_cast<std::int16_t>(value.cVal);
+    case VT_I1: return std::int32_t{static_cast<signed char>(value.cVal)}; // wide, as VT_UI1
     case VT_I2: return value.iVal;
     case VT_BOOL: return Bool16::Raw(value.boolVal);
     case VT_UI2: return std::int32_t{value.uiVal};

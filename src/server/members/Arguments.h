@@ -166,8 +166,8 @@ HRESULT CallWith(std::type_identity<std::tuple<Parameters...>>, Method&& method,
 {
     return Guarded([&] {
         if (!result) return MissingArgument();
-        *result = Target{};
         std::tuple<Argument<Parameters, Passed>...> arguments(passed...);
+        *result = Target{};
         return std::apply(
             [&](auto&... argument) {
                 if ((argument.Missing() || ...)) return MissingArgument();
