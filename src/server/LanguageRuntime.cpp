@@ -6,6 +6,7 @@
 #include "platform/PerThread.h"
 
 #include <atomic>
+#include <cstdlib>
 #include <cxxabi.h>
 #include <pthread.h>
 #include <windows.h>
@@ -25,6 +26,24 @@ struct Exceptions {
     unsigned uncaught = 0;
 };
 
+void __stdcall Free(void* exceptions)
+{
+    if (!qor::platform::ProcessIsEnding()) std::free(exceptions);
+}
+
+constinit qor::platform::FiberLocalSlot slot{&Free};
+constinit Exceptions shared; // where there is no memory for a thread's own
+
+// Nothing here may throw, as this is what throwing needs.
+void* ExceptionsOfThread() noexcept
+{
+    if (void* present = slot.Get()) return present;
+    void* made = std::calloc(1, sizeof(Exceptions));
+    if (made && slot.Set(made)) return made;
+    std::free(made);
+    return &shared;
+}
+
 struct GivesBack {
     ~GivesBack() { __gnu_cxx::__freeres(); }
 } givesBack;
@@ -34,7 +53,7 @@ struct GivesBack {
 // In place of the runtime's own, which keep them in its emulation of thread_local.
 extern "C" abi::__cxa_eh_globals* abi::__cxa_get_globals() noexcept
 {
-    return reinterpret_cast<abi::__cxa_eh_globals*>(&qor::platform::PerThread<Exceptions>());
+    return static_cast<abi::__cxa_eh_globals*>(ExceptionsOfThread());
 }
 
 extern "C" abi::__cxa_eh_globals* abi::__cxa_get_globals_fast() noexcept { return abi::__cxa_get_globals(); }
