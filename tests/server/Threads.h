@@ -4,33 +4,13 @@
 // Threads that meet, and what they do with an object.
 #pragma once
 
-#include "Client.h"
+#include "server/Client.h"
+#include "windows/Meeting.h"
 
-#include <condition_variable>
-#include <mutex>
 #include <thread>
 #include <vector>
 
 namespace qor::test {
-
-// Holds everyone back until as many have come. The standard barrier sometimes misses its wake-up with mingw-w64.
-class Meeting
-{
-public:
-    explicit Meeting(int expected) : missing_(expected) {}
-
-    void Wait()
-    {
-        std::unique_lock lock(mutex_);
-        if (--missing_ == 0) complete_.notify_all();
-        complete_.wait(lock, [this] { return missing_ == 0; });
-    }
-
-private:
-    std::mutex mutex_;
-    std::condition_variable complete_;
-    int missing_;
-};
 
 // Runs work on a thread of its own, to its end.
 template <class Work>

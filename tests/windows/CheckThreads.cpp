@@ -3,40 +3,17 @@
 //
 // Each thread has documents of its own, from its first use of the component to its end.
 #include "Check.h"
+#include "Meeting.h"
 
 #include "component/modQOR_File.h"
 
 #include <QOR_File/QOR_File.h>
 
 #include <atomic>
-#include <condition_variable>
-#include <mutex>
 #include <thread>
 #include <vector>
 
 namespace qor::test {
-namespace {
-
-// Holds everyone back until as many have come. The standard barrier sometimes misses its wake-up with mingw-w64.
-class Meeting
-{
-public:
-    explicit Meeting(int expected) : missing_(expected) {}
-
-    void Wait()
-    {
-        std::unique_lock lock(mutex_);
-        if (--missing_ == 0) complete_.notify_all();
-        complete_.wait(lock, [this] { return missing_ == 0; });
-    }
-
-private:
-    std::mutex mutex_;
-    std::condition_variable complete_;
-    int missing_;
-};
-
-} // namespace
 
 void CheckThreads()
 {
