@@ -14,7 +14,7 @@
 namespace __gnu_cxx {
 
 // Gives back the memory from which exceptions are made when there is none left.
-void __freeres();
+void __freeres(); // NOLINT(bugprone-reserved-identifier): its name
 
 } // namespace __gnu_cxx
 
@@ -59,6 +59,7 @@ extern "C" abi::__cxa_eh_globals* abi::__cxa_get_globals() noexcept
 extern "C" abi::__cxa_eh_globals* abi::__cxa_get_globals_fast() noexcept { return abi::__cxa_get_globals(); }
 
 // The linker puts it in the place of pthread_once, through which 32-bit code finds its exception handlers.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the name that the linker wants
 extern "C" int __wrap_pthread_once(pthread_once_t* once, void (*initialize)())
 {
     constexpr pthread_once_t Done = 1;

@@ -7,7 +7,7 @@
 // The system's, which its headers do not declare.
 extern "C" BOOLEAN NTAPI RtlDllShutdownInProgress();
 // Set by the linker to the start of the program or library that this is linked into.
-extern "C" IMAGE_DOS_HEADER __ImageBase;
+extern "C" IMAGE_DOS_HEADER __ImageBase; // NOLINT(bugprone-reserved-identifier): its name
 
 namespace qor::platform {
 
