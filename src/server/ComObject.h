@@ -19,7 +19,7 @@ template <class Class, class Members, class Default, class... Others>
 class ComObject final : public Members, public ISupportErrorInfo, public IProvideClassInfo2
 {
 public:
-    // A new object's interface iid; the object is gone again where it has none such.
+    // A new object's interface iid; nothing is made where it has none such.
     static HRESULT Create(REFIID iid, void** object)
     {
         if (!object) return E_POINTER;
@@ -61,10 +61,7 @@ public:
         return left;
     }
 
-    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) override
-    {
-        return iid == __uuidof(Default) || ((iid == __uuidof(Others)) || ...) ? S_OK : S_FALSE;
-    }
+    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) override { return IsDual(iid) ? S_OK : S_FALSE; }
 
     STDMETHODIMP GetClassInfo(ITypeInfo** description) override
     {
@@ -87,11 +84,11 @@ public:
 private:
     ComObject() = default;
 
+    static bool IsDual(REFIID iid) { return iid == __uuidof(Default) || ((iid == __uuidof(Others)) || ...); }
     static bool Has(REFIID iid)
     {
         return iid == IID_IUnknown || iid == IID_IDispatch || iid == IID_ISupportErrorInfo ||
-               iid == IID_IProvideClassInfo || iid == IID_IProvideClassInfo2 || iid == __uuidof(Default) ||
-               ((iid == __uuidof(Others)) || ...);
+               iid == IID_IProvideClassInfo || iid == IID_IProvideClassInfo2 || IsDual(iid);
     }
 
     template <class Interface>

@@ -9,13 +9,6 @@
 namespace qor::server {
 namespace {
 
-// Also where the caller passes on an optional argument of its own that was left out.
-bool IsLeftOut(VARIANTARG* given)
-{
-    const VARIANT* value = FollowedVariant(given);
-    return !given || (value && value->vt == VT_ERROR && value->scode == DISP_E_PARAMNOTFOUND);
-}
-
 // Same type, same bits; texts by their characters.
 bool SameValue(const VARIANT& left, const VARIANT& right)
 {

@@ -72,6 +72,12 @@ bool TextsEqual(BSTR left, BSTR right)
     return std::wstring_view(left, SysStringLen(left)) == std::wstring_view(right, SysStringLen(right));
 }
 
+bool IsLeftOut(VARIANT* variant)
+{
+    const VARIANT* value = FollowedVariant(variant);
+    return !variant || (value && value->vt == VT_ERROR && value->scode == DISP_E_PARAMNOTFOUND);
+}
+
 HRESULT Convert(VARIANT& target, const VARIANT& source, VARTYPE type, LCID locale)
 {
     if ((source.vt & VT_ARRAY) != 0) return DISP_E_TYPEMISMATCH; // the platform takes bytes for a text

@@ -15,6 +15,9 @@ VARIANT* FollowedVariant(VARIANT* variant);
 // what is neither number nor text.
 bool Dereference(VARIANT& direct, const VARIANT& source);
 
+// An optional argument that the client left out, or was left without itself and passes on.
+bool IsLeftOut(VARIANT* variant);
+
 // The width of a simple type as it stands in memory, 0 for every other.
 std::size_t WidthOf(VARTYPE type);
 

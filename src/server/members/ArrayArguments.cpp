@@ -19,8 +19,6 @@ namespace {
 // Declared with its size: it can only be filled.
 constexpr USHORT NotToBeReplaced = FADF_AUTO | FADF_STATIC | FADF_EMBEDDED | FADF_FIXEDSIZE;
 
-bool IsLeftOut(const VARIANT& value) { return value.vt == VT_ERROR && value.scode == DISP_E_PARAMNOTFOUND; }
-
 SAFEARRAY* ArrayOf(const VARIANT& value)
 {
     if ((value.vt & VT_BYREF) == 0) return value.parray;
@@ -122,9 +120,9 @@ ArrayArgument::~ArrayArgument()
 
 HRESULT ArrayArgument::Take(const VARIANT& value)
 {
-    const VARIANT* direct = FollowedVariant(const_cast<VARIANT*>(&value)); // which it only looks at
+    VARIANT* direct = FollowedVariant(const_cast<VARIANT*>(&value)); // which is only looked at
     if (!direct) return DISP_E_TYPEMISMATCH;
-    if (direct->vt == VT_EMPTY || IsLeftOut(*direct)) return S_OK;
+    if (direct->vt == VT_EMPTY || IsLeftOut(direct)) return S_OK;
     if ((direct->vt & VT_ARRAY) != 0) return TakeArray(ArrayOf(*direct));
     converted_.resize(1);
     values_ = converted_;
@@ -167,7 +165,7 @@ ArrayResult::~ArrayResult()
 
 HRESULT ArrayResult::Prepare(VARIANT* variable, std::size_t count)
 {
-    if (!variable || IsLeftOut(*variable)) return S_OK;
+    if (IsLeftOut(variable)) return S_OK;
     variable_ = FollowedVariant(variable);
     if (!variable_) return DISP_E_TYPEMISMATCH;
     const VARTYPE held = ElementType(variable_->vt);
