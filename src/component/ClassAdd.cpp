@@ -33,7 +33,7 @@ T Get(std::int32_t traceNumber, T Trace::*field)
 void ClassAdd_1::TraceLinPower(std::int32_t TraceNumber, TraceLinPowerFlags value)
 {
     DataBlock& block = modQOR_File().DataBlock;
-    ShareError(SetTraceNarrowed(block, TraceNumber, &Trace::LinPower, value));
+    ShareError(SetTraceNumber(block, TraceNumber, &Trace::LinPower, value));
     block.DataBlockFromFile = false; // also after a failed check
 }
 TraceLinPowerFlags ClassAdd_1::TraceLinPower(std::int32_t TraceNumber) const
@@ -52,7 +52,7 @@ DataBlockPeakRMSFlags ClassAdd_2::DataBlockPeakRMS() const
 
 void ClassAdd_3::TraceZaxisLabel(std::int32_t TraceNumber, std::u16string_view value)
 {
-    ShareError(SetTraceField(modQOR_File().DataBlock, TraceNumber, &Trace::ZaxisLabel, std::u16string(value)));
+    ShareError(SetTraceField(modQOR_File().DataBlock, TraceNumber, &Trace::ZaxisLabel, value));
 }
 std::u16string ClassAdd_3::TraceZaxisLabel(std::int32_t TraceNumber) const
 {

@@ -34,7 +34,7 @@ T Get(clsQOR_File& object, std::int32_t traceNumber, T Trace::*field, T fallback
 
 void SetText(clsQOR_File& object, std::int32_t traceNumber, std::u16string Trace::*field, std::u16string_view value)
 {
-    const ErrorStatusTypes error = SetTraceField(Block(), traceNumber, field, std::u16string(value));
+    const ErrorStatusTypes error = SetTraceField(Block(), traceNumber, field, value);
     if (error != NoError) object.ErrorStatus(error);
 }
 
@@ -220,7 +220,7 @@ DataBlock_MeasurementTypes clsQOR_File::Trace_MeasurementType(std::int32_t Trace
 }
 void clsQOR_File::Trace_MeasurementType(std::int32_t TraceNumber, DataBlock_MeasurementTypes value)
 {
-    Report(Success, SetTraceNarrowed(Block(), TraceNumber, &Trace::MeasurementType, value));
+    Report(Success, SetTraceNumber(Block(), TraceNumber, &Trace::MeasurementType, value));
 }
 
 SVTvalues clsQOR_File::Trace_DataSVT(std::int32_t TraceNumber)
@@ -229,7 +229,7 @@ SVTvalues clsQOR_File::Trace_DataSVT(std::int32_t TraceNumber)
 }
 void clsQOR_File::Trace_DataSVT(std::int32_t TraceNumber, SVTvalues value)
 {
-    Report(Success, SetTraceField(Block(), TraceNumber, &Trace::DataSVT, KnownDataSVT(value)));
+    Report(Success, SetTraceNumber(Block(), TraceNumber, &Trace::DataSVT, KnownDataSVT(value)));
 }
 
 // ---- files ----------------------------------------------------------------------------------------------

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace qor {
 namespace {
@@ -84,11 +85,16 @@ Trace InitialTraceRecord()
     return trace;
 }
 
-const Trace& TraceList::operator[](std::int32_t index) const
+Trace* TraceList::Made(std::int32_t index) const
 {
     const auto place = static_cast<std::size_t>(index - 1);
     const Page* const page = pages_[place / PageSize].get();
-    const Trace* const trace = page ? (*page)[place % PageSize].get() : nullptr;
+    return page ? (*page)[place % PageSize].get() : nullptr;
+}
+
+const Trace& TraceList::operator[](std::int32_t index) const
+{
+    const Trace* const trace = Made(index);
     if (trace) return *trace;
     return BlankTrace;
 }
@@ -118,7 +124,10 @@ void TraceList::Resize(std::int32_t count)
     count_ = count;
 }
 
-DataBlock::DataBlock() : Kept(InitialKept) {}
+DataBlock::DataBlock(std::u16string notes) : Notes(std::move(notes)), Kept(InitialKept)
+{
+    Notes = u"Data Block history";
+}
 
 void InitializeDataBlockStorage(DataBlock& block)
 {
@@ -126,7 +135,8 @@ void InitializeDataBlockStorage(DataBlock& block)
     block.Traces = TraceList();
     block.Xaxis.Release();
     block.Memory = SampleMemory();
-    block = DataBlock();
+    // Notes only ever grow in their memory, which so has room for those of a new Data Block.
+    block = DataBlock(std::move(block.Notes));
 }
 
 ErrorStatusTypes ReallocateDataBlock(DataBlock& block)

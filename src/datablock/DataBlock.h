@@ -60,6 +60,8 @@ public:
     bool Has(std::int32_t index) const { return index >= 1 && index <= count_; }
     const Trace& operator[](std::int32_t index) const;
     Trace& Edit(std::int32_t index);
+    // Null where there is no such trace, or where it was never changed: then it holds no samples either.
+    Trace* Find(std::int32_t index) { return Has(index) ? Made(index) : nullptr; }
     // Keeps the traces that fit. The count is at least 0 and at most 32767.
     void Resize(std::int32_t count);
 
@@ -68,15 +70,19 @@ private:
     static constexpr std::size_t PageSize = 256;
     using Page = std::array<std::unique_ptr<Trace>, PageSize>;
 
+    Trace* Made(std::int32_t index) const;
+
     std::array<std::unique_ptr<Page>, 32768 / PageSize> pages_;
     std::int32_t count_ = 0;
 };
 
 struct DataBlock {
-    DataBlock();
+    DataBlock() : DataBlock(std::u16string()) {}
+    // Takes over memory for the notes.
+    explicit DataBlock(std::u16string notes);
 
     std::u16string Label;
-    std::u16string Notes = u"Data Block history";
+    std::u16string Notes;             // "Data Block history" in a new one
     std::int32_t NumberOfSamples = 0; // samples per trace; from a file it may differ from what the traces hold
     std::int16_t DataFormat = RealFormat;
     std::int16_t NumberOfTraces = 0;
@@ -104,7 +110,8 @@ struct DataBlock {
     SampleMemory Memory; // where the arrays above come from
 };
 
-// Empties the Data Block: no traces, no samples, every value its default.
+// Empties the Data Block: no traces, no samples, every value its default. Asks for no memory, unless the notes were
+// moved elsewhere.
 void InitializeDataBlockStorage(DataBlock& block);
 
 // Brings X axis, traces and samples in line with the sizes, the format and the spacing. Values that fit are

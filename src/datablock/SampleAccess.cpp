@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 #include <utility>
 
 namespace qor {
@@ -110,12 +111,12 @@ Outcome WriteTraceSample(DataBlock& block, ComplexView view, std::int32_t traceN
     const ErrorStatusTypes error = CheckSample(block, traceNumber, sampleNumber);
     if (error != NoError) return Failed(error);
     if (!HasKnownFormat(block)) return UnknownFormat;
-    if (!block.Traces.Has(traceNumber)) return {};
-    Trace& trace = block.Traces.Edit(traceNumber);
+    Trace* const trace = block.Traces.Find(traceNumber);
+    if (!trace) return {};
     if (block.DataFormat == RealFormat) {
-        if (trace.RealSamples.Has(sampleNumber)) trace.RealSamples[sampleNumber] = first;
-    } else if (trace.ComplexSamples.Has(sampleNumber)) {
-        trace.ComplexSamples[sampleNumber] = SampleOf(view, first, second);
+        if (trace->RealSamples.Has(sampleNumber)) trace->RealSamples[sampleNumber] = first;
+    } else if (trace->ComplexSamples.Has(sampleNumber)) {
+        trace->ComplexSamples[sampleNumber] = SampleOf(view, first, second);
     }
     return {};
 }
@@ -147,13 +148,13 @@ Outcome WriteTraceSamples(DataBlock& block, ComplexView view, std::int32_t trace
     const ErrorStatusTypes error = CheckSamples(block, traceNumber, first.size(), second.size());
     if (error != NoError) return Failed(error);
     if (!HasKnownFormat(block)) return UnknownFormat;
-    if (!block.Traces.Has(traceNumber)) return {};
-    Trace& trace = block.Traces.Edit(traceNumber);
+    Trace* const trace = block.Traces.Find(traceNumber);
+    if (!trace) return {};
     if (block.DataFormat == RealFormat) {
-        const auto samples = Held(trace.RealSamples, first.size());
+        const auto samples = Held(trace->RealSamples, first.size());
         std::copy_n(first.begin(), samples.size(), samples.begin());
     } else {
-        const auto samples = Held(trace.ComplexSamples, first.size());
+        const auto samples = Held(trace->ComplexSamples, first.size());
         for (std::size_t i = 0; i < samples.size(); ++i) {
             samples[i] = SampleOf(view, first[i], second.empty() ? 0.0F : second[i]);
         }
@@ -202,6 +203,19 @@ Outcome WriteXaxisValues(DataBlock& block, bool allocated, std::span<const float
     const auto held = Held(block.Xaxis, values.size());
     std::copy_n(values.begin(), held.size(), held.begin());
     return {};
+}
+
+ErrorStatusTypes SetTraceNumber(DataBlock& block, std::int32_t traceNumber, std::int16_t Trace::*field,
+                                std::int32_t value)
+{
+    const ErrorStatusTypes error = CheckTrace(block, traceNumber);
+    if (error != NoError || !block.Traces.Has(traceNumber)) return error;
+    try {
+        StoreNarrowed(value, block.Traces.Edit(traceNumber).*field);
+        return NoError;
+    } catch (const std::bad_alloc&) {
+        return AllocationError;
+    }
 }
 
 void StoreNarrowed(std::int32_t value, std::int16_t& field)

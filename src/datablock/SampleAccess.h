@@ -66,17 +66,14 @@ template <class T, class Value>
 ErrorStatusTypes SetTraceField(DataBlock& block, std::int32_t traceNumber, T Trace::*field, Value value)
 {
     const ErrorStatusTypes error = CheckTrace(block, traceNumber);
-    if (error == NoError && block.Traces.Has(traceNumber)) block.Traces.Edit(traceNumber).*field = std::move(value);
+    if (error == NoError && block.Traces.Has(traceNumber)) block.Traces.Edit(traceNumber).*field = value;
     return error;
 }
 
-inline ErrorStatusTypes SetTraceNarrowed(DataBlock& block, std::int32_t traceNumber, std::int16_t Trace::*field,
-                                         std::int32_t value)
-{
-    const ErrorStatusTypes error = CheckTrace(block, traceNumber);
-    if (error == NoError && block.Traces.Has(traceNumber)) StoreNarrowed(value, block.Traces.Edit(traceNumber).*field);
-    return error;
-}
+// A number in a trace, narrowed as above. AllocationError where there is no memory for a trace that nobody has changed
+// before: what only texts may do, throw, a number does not.
+ErrorStatusTypes SetTraceNumber(DataBlock& block, std::int32_t traceNumber, std::int16_t Trace::*field,
+                                std::int32_t value);
 
 // The three kinds of data that are kept; every other value counts as vector.
 constexpr std::int16_t KnownDataSVT(std::int32_t value)
