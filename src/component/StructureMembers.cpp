@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 
 using namespace qor;
 
@@ -22,6 +23,18 @@ bool Fits16(std::int32_t value)
 {
     using Limits = std::numeric_limits<std::int16_t>;
     return value >= Limits::min() && value <= Limits::max();
+}
+
+// The file, ready to be read. Null where it cannot be opened, or where there is no memory to read it with.
+std::unique_ptr<OpenRecordFile> Open(std::u16string_view path)
+{
+    auto file = platform::File::OpenForReading(path);
+    if (!file) return nullptr;
+    try {
+        return std::make_unique<OpenRecordFile>(std::move(*file));
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
 }
 
 } // namespace
@@ -249,9 +262,8 @@ ReturnStatus clsQOR_File::InputStructureFile(std::u16string_view FilePathName)
     }
     InitializeStructureStorage();
     state_->RefusedFile.reset();
-    auto opened = platform::File::OpenForReading(Trimmed(FilePathName));
-    if (!opened) return Success; // as published: the Structure is empty then
-    auto file = std::make_unique<OpenRecordFile>(std::move(*opened));
+    auto file = Open(Trimmed(FilePathName));
+    if (!file) return Success; // as published: the Structure is empty then
     const StructurePreamble preamble = Load_StructurePreamble(file->records);
     if (preamble.version) state_->FileVersion = *preamble.version;
     if (!preamble.accepted) {

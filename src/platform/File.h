@@ -2,7 +2,8 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // Regular files addressed by UTF-16 path. Directories, devices and pipes count as files that cannot be opened,
-// created or deleted: reading one could wait for ever, and deleting one is never what a caller meant.
+// created or deleted: reading one could wait for ever, and deleting one is never what a caller meant. So does one for
+// whose path there is no memory.
 #pragma once
 
 #include "platform/ByteStream.h"

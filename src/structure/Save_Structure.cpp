@@ -5,6 +5,7 @@
 #include "structure/StructureLayout.h"
 
 #include <limits>
+#include <new>
 
 namespace qor {
 namespace {
@@ -123,14 +124,18 @@ private:
 void SaveStructure(ByteSink& sink, Structure& structure, const StructureTexts& texts)
 {
     if (structure.NumberOfVertexPoints > MostSmallVertexPoints) structure.LargeStructureFormat = true;
-    RecordWriter file(sink);
-    SavePreamble(file, Structure_Identification,
-                 structure.LargeStructureFormat ? LargeStructure_Version : SmallStructure_Version);
-    StructureSaver saver(file, structure, texts);
-    saver.Save_NotesRecord();
-    saver.Save_SubStructureRecord();
-    file.PutInt16(EndMarker);
-    file.Flush();
+    try {
+        RecordWriter file(sink);
+        SavePreamble(file, Structure_Identification,
+                     structure.LargeStructureFormat ? LargeStructure_Version : SmallStructure_Version);
+        StructureSaver saver(file, structure, texts);
+        saver.Save_NotesRecord();
+        saver.Save_SubStructureRecord();
+        file.PutInt16(EndMarker);
+        file.Flush();
+    } catch (const std::bad_alloc&) {
+        return; // no memory for a buffer is one more fault
+    }
 }
 
 } // namespace qor

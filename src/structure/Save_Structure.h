@@ -10,8 +10,8 @@
 namespace qor {
 
 // Writes preamble, notes, substructure and end marker. A Structure of more than 32000 vertex points becomes one
-// of the large variant, and stays one. Without vertex points no elements are written. Faults of the sink are
-// not reported, as published: the writer's failure shows in the file only.
+// of the large variant, and stays one. Without vertex points no elements are written. Faults are not
+// reported, as published: the writer's failure shows in the file only.
 void SaveStructure(ByteSink& sink, Structure& structure, const StructureTexts& texts);
 
 } // namespace qor

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <new>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -31,7 +32,16 @@ bool DeleteExisting(const std::string& path)
     struct stat status {};
     if (lstat(path.c_str(), &status) != 0) return errno == ENOENT;
     if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) return false;
-    return unlink(path.c_str()) == 0;
+    return unlink(path.c_str()) == 0 || errno == ENOENT; // somebody else may have been faster
+}
+
+// Below 0 when the system refuses. A signal may interrupt the opening where files come over a network.
+int OpenDescriptor(const std::string& path, int flags)
+{
+    int descriptor = -1;
+    do descriptor = open(path.c_str(), flags | O_CLOEXEC, 0666);
+    while (descriptor < 0 && errno == EINTR);
+    return descriptor;
 }
 
 int Descriptor(std::intptr_t handle) { return static_cast<int>(handle); }
@@ -47,24 +57,28 @@ std::optional<std::string> SystemPath(std::u16string_view path)
 }
 
 std::optional<File> File::OpenForReading(std::u16string_view path)
-{
+try {
     const auto name = SystemPath(path);
     if (!name) return std::nullopt;
     // Without O_NONBLOCK, opening a pipe would wait for its writer before it could be refused.
-    const int descriptor = open(name->c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    const int descriptor = OpenDescriptor(*name, O_RDONLY | O_NONBLOCK);
     if (descriptor < 0) return std::nullopt;
     File file(descriptor);
     if (!IsRegular(descriptor)) return std::nullopt;
     return file;
+} catch (const std::bad_alloc&) {
+    return std::nullopt; // for the name
 }
 
 std::optional<File> File::Replace(std::u16string_view path)
-{
+try {
     const auto name = SystemPath(path);
     if (!name || !DeleteExisting(*name)) return std::nullopt;
-    const int descriptor = open(name->c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    const int descriptor = OpenDescriptor(*name, O_RDWR | O_CREAT | O_EXCL);
     if (descriptor < 0) return std::nullopt;
     return File(descriptor);
+} catch (const std::bad_alloc&) {
+    return std::nullopt; // for the name
 }
 
 File::File(File&& other) noexcept : handle_(std::exchange(other.handle_, Closed)) {}

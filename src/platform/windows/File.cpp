@@ -3,6 +3,7 @@
 #include "platform/File.h"
 
 #include <algorithm>
+#include <new>
 #include <string>
 #include <utility>
 #include <windows.h>
@@ -39,7 +40,7 @@ OVERLAPPED At(std::uint64_t offset)
 } // namespace
 
 std::optional<File> File::OpenForReading(std::u16string_view path)
-{
+try {
     const auto name = SystemPath(path);
     if (!name) return std::nullopt;
     const HANDLE handle =
@@ -49,10 +50,12 @@ std::optional<File> File::OpenForReading(std::u16string_view path)
     File file(reinterpret_cast<Handle>(handle));
     if (GetFileType(handle) != FILE_TYPE_DISK) return std::nullopt;
     return file;
+} catch (const std::bad_alloc&) {
+    return std::nullopt; // for the name
 }
 
 std::optional<File> File::Replace(std::u16string_view path)
-{
+try {
     const auto name = SystemPath(path);
     if (!name || !DeleteExisting(*name)) return std::nullopt;
     const HANDLE handle = CreateFileW(name->c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
@@ -61,6 +64,8 @@ std::optional<File> File::Replace(std::u16string_view path)
     File file(reinterpret_cast<Handle>(handle));
     if (GetFileType(handle) != FILE_TYPE_DISK) return std::nullopt;
     return file;
+} catch (const std::bad_alloc&) {
+    return std::nullopt; // for the name
 }
 
 File::File(File&& other) noexcept : handle_(std::exchange(other.handle_, Closed)) {}
