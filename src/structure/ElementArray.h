@@ -65,7 +65,7 @@ private:
         constexpr std::int64_t step = 4;
         const bool grows = count_ > 0 && count == count_ + 1;
         const auto roomy = static_cast<std::int32_t>(std::min<std::int64_t>(MostElements, step * count));
-        return MoveTo(grows ? roomy : count) || MoveTo(count);
+        return (grows && MoveTo(roomy)) || MoveTo(count);
     }
 
     bool MoveTo(std::int32_t capacity)
