@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+#include "faults/Operations.h"
+
+namespace qor::test {
+
+const std::vector<Operation>& ComponentOperations()
+{
+    static const std::vector<Operation> operations = {
+        {"RuntimeFault::RuntimeFault", Fill,
+         [](World&) { return Number(RuntimeFault(RuntimeFault::Overflow).Number()); }, Throws},
+        {"RuntimeFault::Number", Fill, [](World&) { return Number(RuntimeFault(RuntimeFault::Overflow).Number()); },
+         Throws},
+
+        {"clsQOR_File::clsQOR_File, and so the end of the documents", Fill,
+         [](World& w) {
+             w.other.emplace();
+             return Number(w.other->ErrorStatus());
+         },
+         Throws},
+        {"clsQOR_File::~clsQOR_File",
+         [](World& w) {
+             w.other.emplace();
+             Fill(w);
+         },
+         [](World& w) {
+             w.other.reset();
+             return Answer();
+         },
+         NeverAsks},
+
+        {"clsQOR_File::ErrorStatus get", Fill, [](World& w) { return Number(w.file.ErrorStatus()); }, NeverAsks},
+        {"clsQOR_File::ErrorStatus set", Fill,
+         [](World& w) {
+             w.file.ErrorStatus(SampleIndexError);
+             return Answer();
+         },
+         KeepsOldErrorText},
+        {"clsQOR_File::ErrorStatus set to none", Fill,
+         [](World& w) {
+             w.file.ErrorStatus(NoError);
+             return Answer();
+         },
+         NeverAsks},
+        {"clsQOR_File::GetLastErrorString", Fill, [](World& w) { return Text(w.file.GetLastErrorString()); }, Throws},
+        {"clsQOR_File::Initialize", Fill,
+         [](World& w) {
+             w.file.Initialize();
+             return Answer();
+         },
+         NeverAsks},
+        {"clsQOR_File::DLLversion", Fill, [](World& w) { return Number(w.file.DLLversion()); }, NeverAsks},
+
+        // Path names.
+        {"clsQOR_File::GetDOS_FilePathName", Fill, [](World& w) { return Text(w.file.GetDOS_FilePathName(w.path)); },
+         Throws, FindsNoName},
+        {"clsQOR_File::GetFileName", Fill,
+         [](World& w) { return Text(w.file.GetFileName(u"C:\\folder\\a file with a long name.blk")); }, Throws},
+        {"clsQOR_File::GetFilePath", Fill,
+         [](World& w) { return Text(w.file.GetFilePath(u"C:\\a folder with a long name\\file.blk")); }, Throws},
+        {"clsQOR_File::PathNamesEqual", Fill,
+         [](World& w) { return Number(w.file.PathNamesEqual(w.path, u"another file")); }, Throws, FindsNoName},
+        {"clsQOR_File::PathNamesEqual of equal texts", Fill,
+         [](World& w) { return Number(w.file.PathNamesEqual(w.path, w.path)); }, NeverAsks},
+
+        {"FileArrays::FileArrays", Fill, [](World&) { return Number(FileArrays().NumberOfSamples()); }, NeverAsks},
+        {"FileArrays::FileArrays of an object", Fill,
+         [](World& w) { return Number(FileArrays(w.file).NumberOfSamples()); }, NeverAsks},
+    };
+    return operations;
+}
+
+} // namespace qor::test

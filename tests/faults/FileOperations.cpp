@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The QOR_File authors
+//
+// Saving and loading, of documents that take one write or read and of such that take several.
+#include "faults/Operations.h"
+
+namespace qor::test {
+namespace {
+
+// Documents beyond what is buffered.
+void FillLargeDataBlock(World& world)
+{
+    Fill(world);
+    world.file.DataBlock_NumberOfTraces(1);
+    world.file.DataBlock_NumberOfSamples(70'000);
+}
+void FillLargeShapeTable(World& world)
+{
+    Fill(world);
+    world.file.ShapeTable_NumberOfDOFs(200);
+    world.file.ShapeTable_NumberOfShapes(200);
+}
+void FillLargeStructure(World& world)
+{
+    Fill(world);
+    world.file.Structure_NumberOfVertexPoints(3000);
+}
+
+template <ReturnStatus (clsQOR_File::*Save)(std::u16string_view), void (*Prepare)(World&)>
+void KeepFile(World& world)
+{
+    Prepare(world);
+    (world.file.*Save)(world.path);
+    world.file.DataBlock_Label(u"lost"); // so that loading changes what is there
+    world.file.WriteStructureVertexPoint(1, u"lost", 7, 7, 7);
+}
+
+constexpr auto SaveDataBlock = &clsQOR_File::OutputDataBlockFile;
+constexpr auto SaveStructure = &clsQOR_File::OutputStructureFile;
+
+Answer OutputDataBlock(World& world) { return Number(world.file.OutputDataBlockFile(world.path)); }
+Answer OutputShapeTable(World& world) { return Number(world.file.OutputShapeTableFile(world.path)); }
+Answer OutputStructure(World& world) { return Number(world.file.OutputStructureFile(world.path)); }
+Answer InputDataBlock(World& world) { return Number(world.file.InputDataBlockFile(world.path)); }
+Answer InputStructure(World& world) { return Number(world.file.InputStructureFile(world.path)); }
+
+// A file of that name that was read before, so that its document says that it is from a file.
+void LoadDataBlock(World& world)
+{
+    KeepFile<SaveDataBlock, Fill>(world);
+    InputDataBlock(world);
+}
+
+} // namespace
+
+const std::vector<Operation>& FileOperations()
+{
+    static const std::vector<Operation> operations = {
+        {"clsQOR_File::OutputDataBlockFile", Fill, OutputDataBlock, Saves, Saves},
+        {"clsQOR_File::OutputDataBlockFile of one from a file", LoadDataBlock, OutputDataBlock, Saves, Saves},
+        {"clsQOR_File::OutputDataBlockFile in several writes", FillLargeDataBlock, OutputDataBlock, Saves, Saves},
+        {"clsQOR_File::OutputShapeTableFile", Fill, OutputShapeTable, Saves, Saves},
+        {"clsQOR_File::OutputShapeTableFile in several writes", FillLargeShapeTable, OutputShapeTable, Saves, Saves},
+        {"clsQOR_File::OutputStructureFile", Fill, OutputStructure, SavesStructure, SavesStructure},
+        {"clsQOR_File::OutputStructureFile in several writes", FillLargeStructure, OutputStructure, SavesStructure,
+         SavesStructure},
+        {"clsQOR_File::InputDataBlockFile", KeepFile<SaveDataBlock, Fill>, InputDataBlock, LoadsDataBlock,
+         LoadsDataBlock},
+        {"clsQOR_File::InputDataBlockFile in several reads", KeepFile<SaveDataBlock, FillLargeDataBlock>,
+         InputDataBlock, LoadsDataBlock, LoadsDataBlock},
+        {"clsQOR_File::InputStructureFile", KeepFile<SaveStructure, Fill>, InputStructure, LoadsStructure,
+         LoadsStructure},
+        {"clsQOR_File::InputStructureFile in several reads", KeepFile<SaveStructure, FillLargeStructure>,
+         InputStructure, LoadsStructure, LoadsStructure},
+    };
+    return operations;
+}
+
+} // namespace qor::test
