@@ -141,7 +141,8 @@ public:
                             const Bool16& DisplayAs360) const;
 
     // ---- Data Block: trace properties ------------------------------------------------------------------
-    // Errors of all: TraceDataNotAllocated without traces, TraceIndexError outside 1 to the number of traces.
+    // Errors of all: TraceDataNotAllocated without traces, TraceIndexError outside 1 to the number of traces; and
+    // AllocationError where a number is set without memory for a trace that a file counted but did not hold.
 
     std::u16string Trace_Label(std::int32_t TraceNumber);
     void Trace_Label(std::int32_t TraceNumber, std::u16string_view value);
