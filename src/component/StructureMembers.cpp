@@ -149,9 +149,9 @@ ReturnStatus clsQOR_File::ReadStructureVertexPointInformation(const std::int32_t
 
 namespace {
 
-ErrorStatusTypes CheckTransform(std::int32_t number, AxisNumbers axis)
+ErrorStatusTypes CheckTransform(std::int32_t vertexPoint, AxisNumbers axis)
 {
-    const ErrorStatusTypes error = CheckVertexPoint(Geometry(), number);
+    const ErrorStatusTypes error = CheckVertexPoint(Geometry(), vertexPoint);
     if (error != NoError) return error;
     return axis < Xaxis || axis > Zaxis ? AxisNumberError : NoError;
 }

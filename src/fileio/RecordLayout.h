@@ -262,6 +262,7 @@ inline constexpr auto FixedRuns = []<std::size_t... Row>(std::index_sequence<Row
 // Tag 0 means nothing in any record. From an unknown tag on the record is skipped; where records have no usable
 // length, only the tag is.
 template <const auto& Fields, class GetRecord, class LoadStep>
+// NOLINTNEXTLINE(readability-function-cognitive-complexity): each kind of row is one line, of which one is compiled
 RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetRecord record, LoadStep loadStep)
 {
     const FilePosition behindLength = file.Position() + 4;

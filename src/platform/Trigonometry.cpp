@@ -45,6 +45,7 @@ Reduced ReduceLarge(double radians)
     constexpr std::array<std::uint32_t, 10> twoOverPi = {0xA2F9836E, 0x4E441529, 0xFC2757D1, 0xF534DDC0, 0xDB629599,
                                                          0x3C439041, 0xFE5163AB, 0xDEBBC561, 0xB7246E3A, 0x424DD2E0};
     constexpr int windowWords = 6;
+    constexpr std::size_t productWords = windowWords + 2;
 
     int exponent = 0;
     const double mantissa = std::frexp(std::fabs(radians), &exponent);
@@ -61,7 +62,7 @@ Reduced ReduceLarge(double radians)
     };
 
     // The product, least significant word first.
-    std::array<std::uint32_t, windowWords + 2> product{};
+    std::array<std::uint32_t, productWords> product{};
     for (std::size_t k = 0; k < 2; ++k) {
         const std::uint64_t factor = k == 0 ? integer & 0xFFFFFFFF : integer >> 32;
         std::uint64_t carry = 0;

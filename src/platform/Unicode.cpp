@@ -51,7 +51,7 @@ std::string ToUtf8(std::u16string_view text)
     for (std::size_t i = 0; i < text.size(); ++i) {
         char32_t point = text[i];
         if (IsHighSurrogate(point) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-            point = 0x10000 + ((point - 0xD800) << 10) + (char32_t{text[i + 1]} - 0xDC00);
+            point = 0x10000 + ((point - 0xD800U) << 10) + (char32_t{text[i + 1]} - 0xDC00U);
             ++i;
         } else if (IsHighSurrogate(point) || IsLowSurrogate(point)) {
             point = ReplacementCharacter;

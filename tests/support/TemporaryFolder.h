@@ -19,9 +19,9 @@ namespace qor::test {
 class TemporaryFolder
 {
 public:
-    TemporaryFolder()
+    explicit TemporaryFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path())
     {
-        std::string name = (std::filesystem::temp_directory_path() / "QOR_File_XXXXXX").string();
+        std::string name = (parent / "QOR_File_XXXXXX").string();
         if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
         path_ = name;
     }

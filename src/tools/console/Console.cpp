@@ -6,8 +6,8 @@
 
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <fcntl.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace qor::tool {
@@ -18,7 +18,7 @@ void WriteTo(std::FILE* file, std::string_view text)
     errno = 0;
     if (std::fwrite(text.data(), 1, text.size(), file) == text.size() && std::fflush(file) == 0) return;
     if (errno == EPIPE) throw ReaderGone();
-    throw FileError("standard output", errno != 0 ? std::strerror(errno) : "it cannot be written");
+    throw FileError("standard output", LastSystemError("it cannot be written"));
 }
 
 } // namespace
@@ -29,6 +29,11 @@ ToolError FileError(std::string_view path, std::string_view reason)
 }
 
 ToolError UsageError(std::string_view reason) { return ToolError(WrongUsage, std::string(reason)); }
+
+std::string LastSystemError(std::string_view otherwise)
+{
+    return errno != 0 ? std::generic_category().message(errno) : std::string(otherwise);
+}
 
 Output::Output(std::FILE* file)
     : take_([file](std::string_view text) { WriteTo(file, text); }), isTerminal_(isatty(fileno(file)) == 1)
@@ -44,13 +49,13 @@ void Output::Flush()
 void PrintMessage(std::string_view text)
 {
     const std::string line = fmt::format("qor: {}\n", Shown(text));
-    std::fwrite(line.data(), 1, line.size(), stderr);
+    static_cast<void>(std::fwrite(line.data(), 1, line.size(), stderr)); // there is nowhere left to tell
 }
 
 void PrepareProcess()
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     // Opening takes the lowest free number. Read-only, so that writing to it fails as it does to a closed stream.
     for (int descriptor = open("/dev/null", O_RDONLY); descriptor >= 0; descriptor = open("/dev/null", O_RDONLY)) {
         if (descriptor <= STDERR_FILENO) continue;

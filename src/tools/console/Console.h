@@ -30,6 +30,8 @@ private:
 
 ToolError FileError(std::string_view path, std::string_view reason);
 ToolError UsageError(std::string_view reason);
+// What errno tells; the text where it is 0.
+std::string LastSystemError(std::string_view otherwise);
 
 // Thrown when whoever reads our output has closed it, as head does: nothing is wrong, there is just no more to do.
 struct ReaderGone {};

@@ -72,7 +72,7 @@ OutputFile::OutputFile(const std::string& path, bool replaceExisting)
         RemoveWhenInterrupted(temporary_.string());
         if (auto file = platform::File::Replace(*name)) file_.emplace(std::move(*file));
     }
-    if (!file_) throw FileError(path, errno != 0 ? std::strerror(errno) : "cannot be made");
+    if (!file_) throw FileError(path, LastSystemError("cannot be made"));
     if (fs::exists(targetStatus)) fs::permissions(temporary_, targetStatus.permissions(), ignored);
 }
 
@@ -88,13 +88,13 @@ void OutputFile::Append(std::string_view text)
 {
     errno = 0;
     if (file_->WriteAt(file_->Size(), std::as_bytes(std::span(text)))) return;
-    throw FileError(shownPath_, errno != 0 ? std::strerror(errno) : "cannot be written");
+    throw FileError(shownPath_, LastSystemError("cannot be written"));
 }
 
 void OutputFile::Commit()
 {
     errno = 0;
-    if (!file_->Close()) throw FileError(shownPath_, errno != 0 ? std::strerror(errno) : "cannot be completed");
+    if (!file_->Close()) throw FileError(shownPath_, LastSystemError("cannot be completed"));
     std::error_code error;
     if (!replaceExisting_) {
         // Unlike renaming, linking never takes the place of a file that appeared meanwhile.

@@ -56,7 +56,7 @@ std::optional<char32_t> TakePoint(std::string_view& bytes)
     }
     bytes.remove_prefix(length);
     if (units->size() == 1) return (*units)[0];
-    return 0x10000 + ((char32_t{(*units)[0]} - 0xD800) << 10) + (char32_t{(*units)[1]} - 0xDC00);
+    return 0x10000 + ((char32_t{(*units)[0]} - 0xD800U) << 10) + (char32_t{(*units)[1]} - 0xDC00U);
 }
 
 std::size_t PointWidth(char32_t point)

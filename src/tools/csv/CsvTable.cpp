@@ -13,7 +13,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <limits>
 #include <memory>
@@ -59,7 +58,7 @@ public:
     {
         errno = 0;
         const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path_.c_str(), "rb"), &std::fclose);
-        if (!file) throw FileError(path_, std::strerror(errno));
+        if (!file) throw FileError(path_, LastSystemError("cannot be read"));
         std::error_code noSize;
         const auto size = std::filesystem::file_size(path_, noSize);
         Progress progress("Reading " + path_, noSize ? 0 : size);
@@ -68,7 +67,7 @@ public:
         std::uint64_t done = 0;
         for (bool atEnd = false; !atEnd;) {
             const std::size_t got = std::fread(piece.get(), 1, PieceSize, file.get());
-            if (std::ferror(file.get())) throw FileError(path_, std::strerror(errno));
+            if (std::ferror(file.get())) throw FileError(path_, LastSystemError("cannot be read"));
             atEnd = got < PieceSize;
             std::string_view bytes(piece.get(), got);
             if (done == 0) Begin(bytes);

@@ -106,7 +106,7 @@ std::optional<TimeStamp> ParseTimeStamp(std::string_view text)
     const auto calendarDay = date::year(year) / month / day;
     if (!calendarDay.ok()) return std::nullopt;
     const std::int64_t days = date::sys_days(calendarDay).time_since_epoch().count();
-    stamp.seconds = days * 86400 + hour * 3600 + minute * 60 + second - offset;
+    stamp.seconds = ((days * 24 + hour) * 60 + minute) * 60 + second - offset;
     return stamp;
 }
 
@@ -119,7 +119,10 @@ double SecondsBetween(const TimeStamp& first, const TimeStamp& later)
         --seconds;
     }
     // In whole milliseconds where there are no finer parts, so that 0.01 s is the double nearest to it.
-    if (nanoseconds % 1000000 == 0) return static_cast<double>(seconds * 1000 + nanoseconds / 1000000) / 1e3;
+    if (nanoseconds % 1000000 == 0) {
+        const std::int64_t milliseconds = seconds * 1000 + nanoseconds / 1000000;
+        return static_cast<double>(milliseconds) / 1e3;
+    }
     return static_cast<double>(seconds) + static_cast<double>(nanoseconds) / 1e9;
 }
 

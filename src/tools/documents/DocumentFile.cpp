@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <limits>
 #include <new>
@@ -50,7 +49,7 @@ platform::File Open(const std::string& path)
     }
     errno = 0;
     auto file = platform::File::OpenForReading(*name);
-    if (!file) throw FileError(path, errno != 0 ? std::strerror(errno) : "cannot be opened");
+    if (!file) throw FileError(path, LastSystemError("cannot be opened"));
     return std::move(*file);
 }
 

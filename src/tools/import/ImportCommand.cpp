@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
-#include <cstring>
 #include <filesystem>
 #include <new>
 
@@ -211,7 +210,7 @@ ExitCode RunImport(const ImportOptions& options, Output& output)
     const DataBlock block = Importer(options, ReadCsvTable(options.csvFile, options.csv)).Build();
     errno = 0;
     if (SaveDataBlock(file.Sink(), block).status == Failure) {
-        throw FileError(options.outputFile, errno != 0 ? std::strerror(errno) : "would be larger than 2 GiB");
+        throw FileError(options.outputFile, LastSystemError("would be larger than 2 GiB"));
     }
     const std::uint64_t size = file.Size();
     file.Commit();
