@@ -29,7 +29,7 @@ Reduced ReduceMedium(double radians)
     constexpr double part2 = 0x1.0b4611a600000p-34;
     constexpr double part3 = 0x1.3198a2e000000p-69;
     constexpr double part4 = 0x1.b839a252049c1p-104;
-    const auto multiple = static_cast<std::int32_t>(radians * TwoOverPi + (radians < 0 ? -0.5 : 0.5));
+    const auto multiple = static_cast<std::int32_t>(radians * TwoOverPi + std::copysign(0.5, radians));
     const double n = multiple;
     const double first = radians - n * part1;
     const double second = first - n * part2;
@@ -95,7 +95,6 @@ Reduced ReduceLarge(double radians)
 Reduced Reduce(double radians)
 {
     constexpr double mediumLimit = 1 << 20;
-    if (std::fabs(radians) <= QuarterPi) return {0, radians, 0};
     return std::fabs(radians) < mediumLimit ? ReduceMedium(radians) : ReduceLarge(radians);
 }
 
@@ -153,15 +152,14 @@ double ArcTangentOfFraction(double x)
 
 SineCosine SineAndCosine(double radians)
 {
-    const auto [quadrant, rest, low] = Reduce(radians);
-    const double sine = SmallSine(rest, low);
-    const double cosine = SmallCosine(rest, low);
-    switch (quadrant & 3) {
-    case 0: return {sine, cosine};
-    case 1: return {cosine, -sine};
-    case 2: return {-sine, -cosine};
-    default: return {-cosine, sine};
-    }
+    // By quadrant. Looked up, not chosen by branches: processors cannot foresee the quadrants of measured phases.
+    constexpr std::array<double, 4> signOfSine = {1, 1, -1, -1};
+    constexpr std::array<double, 4> signOfCosine = {1, -1, -1, 1};
+
+    const auto [multiple, rest, low] = Reduce(radians);
+    const std::array<double, 2> values = {SmallSine(rest, low), SmallCosine(rest, low)};
+    const unsigned quadrant = multiple & 3;
+    return {signOfSine[quadrant] * values[quadrant & 1], signOfCosine[quadrant] * values[(quadrant & 1) ^ 1]};
 }
 
 SineCosine SineAndCosineOfDegrees(double degrees)
