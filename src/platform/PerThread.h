@@ -94,7 +94,8 @@ template <class T>
 QOR_INLINE inline T& PerThread()
 {
     [[gnu::tls_model("initial-exec")]] static constinit thread_local T* value = nullptr;
-    if (value) [[likely]] return *value;
+    if (value) [[likely]]
+        return *value;
     return MakePerThread(value);
 }
 
