@@ -51,3 +51,9 @@ struct clsQOR_File::State {
     // A Structure file that was refused stays open until the object opens another file.
     std::unique_ptr<qor::OpenRecordFile> RefusedFile;
 };
+
+inline ReturnStatus clsQOR_File::Report(ReturnStatus status, ErrorStatusTypes error)
+{
+    if (error != NoError) ErrorStatus(error);
+    return status;
+}

@@ -59,12 +59,6 @@ void clsQOR_File::ErrorStatus(ErrorStatusTypes value)
 
 std::u16string clsQOR_File::GetLastErrorString() const { return state_->LastErrorText; }
 
-ReturnStatus clsQOR_File::Report(ReturnStatus status, ErrorStatusTypes error)
-{
-    if (error != NoError) ErrorStatus(error);
-    return status;
-}
-
 void clsQOR_File::Initialize()
 {
     InitializeDataBlockStorage();

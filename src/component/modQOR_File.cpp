@@ -2,8 +2,6 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "component/modQOR_File.h"
 
-#include "platform/PerThread.h"
-
 #include <atomic>
 
 namespace qor {
@@ -15,8 +13,6 @@ std::atomic<int> threadsWithDocuments = 0;
 
 HoldsDocuments::HoldsDocuments() { ++threadsWithDocuments; }
 HoldsDocuments::~HoldsDocuments() { --threadsWithDocuments; }
-
-ThreadDocuments& modQOR_File() { return platform::PerThread<ThreadDocuments>(); }
 
 void ShareError(ErrorStatusTypes error)
 {

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "datablock/DataBlock.h"
+#include "platform/PerThread.h"
 #include "shapetable/ShapeTable.h"
 #include "structure/Structure.h"
 
@@ -33,7 +34,7 @@ struct ThreadDocuments {
 };
 
 // Those of the calling thread, made at its first call and released when it ends.
-ThreadDocuments& modQOR_File();
+inline ThreadDocuments& modQOR_File() { return platform::PerThread<ThreadDocuments>(); }
 
 // Leaves an error, not NoError, as the thread's shared error status.
 void ShareError(ErrorStatusTypes error);

@@ -73,9 +73,6 @@ bool Reallocate(DataBlock& block)
     }
 }
 
-// What is read of a trace that nobody has changed.
-const Trace BlankTrace;
-
 } // namespace
 
 Trace InitialTraceRecord()
@@ -85,27 +82,15 @@ Trace InitialTraceRecord()
     return trace;
 }
 
-Trace* TraceList::Made(std::int32_t index) const
-{
-    const auto place = static_cast<std::size_t>(index - 1);
-    const Page* const page = pages_[place / PageSize].get();
-    return page ? (*page)[place % PageSize].get() : nullptr;
-}
+const Trace TraceList::Blank;
 
-const Trace& TraceList::operator[](std::int32_t index) const
-{
-    const Trace* const trace = Made(index);
-    if (trace) return *trace;
-    return BlankTrace;
-}
-
-Trace& TraceList::Edit(std::int32_t index)
+Trace& TraceList::Make(std::int32_t index)
 {
     const auto place = static_cast<std::size_t>(index - 1);
     std::unique_ptr<Page>& page = pages_[place / PageSize];
     if (!page) page = std::make_unique<Page>();
     std::unique_ptr<Trace>& trace = (*page)[place % PageSize];
-    if (!trace) trace = std::make_unique<Trace>();
+    trace = std::make_unique<Trace>();
     return *trace;
 }
 

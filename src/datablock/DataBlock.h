@@ -58,8 +58,16 @@ class TraceList
 public:
     std::int32_t Count() const { return count_; }
     bool Has(std::int32_t index) const { return index >= 1 && index <= count_; }
-    const Trace& operator[](std::int32_t index) const;
-    Trace& Edit(std::int32_t index);
+    const Trace& operator[](std::int32_t index) const
+    {
+        const Trace* const trace = Made(index);
+        return trace ? *trace : Blank;
+    }
+    Trace& Edit(std::int32_t index)
+    {
+        Trace* const trace = Made(index);
+        return trace ? *trace : Make(index);
+    }
     // Null where there is no such trace, or where it was never changed: then it holds no samples either.
     Trace* Find(std::int32_t index) { return Has(index) ? Made(index) : nullptr; }
     // Keeps the traces that fit. The count is at least 0 and at most 32767.
@@ -70,7 +78,16 @@ private:
     static constexpr std::size_t PageSize = 256;
     using Page = std::array<std::unique_ptr<Trace>, PageSize>;
 
-    Trace* Made(std::int32_t index) const;
+    static const Trace Blank; // what is read of a trace that nobody has changed
+
+    // Null where the trace has not come into being.
+    Trace* Made(std::int32_t index) const
+    {
+        const auto place = static_cast<std::size_t>(index - 1);
+        const Page* const page = pages_[place / PageSize].get();
+        return page ? (*page)[place % PageSize].get() : nullptr;
+    }
+    Trace& Make(std::int32_t index);
 
     std::array<std::unique_ptr<Page>, 32768 / PageSize> pages_;
     std::int32_t count_ = 0;

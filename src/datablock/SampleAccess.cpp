@@ -2,8 +2,6 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "datablock/SampleAccess.h"
 
-#include "datablock/Conversion.h"
-
 #include <algorithm>
 #include <limits>
 #include <new>
@@ -11,15 +9,6 @@
 
 namespace qor {
 namespace {
-
-ErrorStatusTypes CheckSample(const DataBlock& block, std::int32_t traceNumber, std::int32_t sampleNumber)
-{
-    if (const ErrorStatusTypes error = CheckTrace(block, traceNumber); error != NoError) return error;
-    if (block.NumberOfSamples < 1) return TraceDataNotAllocated;
-    // 0 passes on purpose: the published check starts at 0.
-    if (sampleNumber < 0 || sampleNumber > block.NumberOfSamples) return SampleIndexError;
-    return NoError;
-}
 
 ErrorStatusTypes CheckXaxis(const DataBlock& block, bool allocated, std::int32_t sampleNumber)
 {
@@ -51,82 +40,14 @@ auto Held(Array& array, std::size_t count)
     return values.first(std::min(values.size(), count));
 }
 
-// What a view shows of a stored sample, and what it stores. Not as a result: where a float is returned through the x87,
-// a NaN may change on the way.
-void ShowFirst(ComplexView view, ComplexSample sample, float& first)
-{
-    first = view == ComplexView::MagnitudePhase ? MagnitudeOf(sample.real, sample.imaginary) : sample.real;
-}
-void ShowSecond(ComplexView view, ComplexSample sample, float& second)
-{
-    second = view == ComplexView::MagnitudePhase ? PhaseOf(sample.real, sample.imaginary, true) : sample.imaginary;
-}
-ComplexSample SampleOf(ComplexView view, float first, float second)
-{
-    return view == ComplexView::MagnitudePhase ? FromMagnitudePhase(first, second) : ComplexSample{first, second};
-}
-
-bool HasKnownFormat(const DataBlock& block)
-{
-    return block.DataFormat == RealFormat || block.DataFormat == ComplexFormat;
-}
-
-Outcome Failed(ErrorStatusTypes error) { return {Failure, error}; }
-
-// A format that only a file can bring: no rule says what its samples mean to a member.
-constexpr Outcome UnknownFormat{Failure, NoError};
-
 } // namespace
-
-ErrorStatusTypes CheckTrace(const DataBlock& block, std::int32_t traceNumber)
-{
-    if (block.NumberOfTraces < 1) return TraceDataNotAllocated;
-    if (traceNumber < 1 || traceNumber > block.NumberOfTraces) return TraceIndexError;
-    return NoError;
-}
-
-Outcome ReadTraceSample(const DataBlock& block, ComplexView view, std::int32_t traceNumber, std::int32_t sampleNumber,
-                        float& first, float& second)
-{
-    const ErrorStatusTypes error = CheckSample(block, traceNumber, sampleNumber);
-    if (error != NoError) return Failed(error);
-    const Trace& trace = block.Traces[traceNumber];
-    if (block.DataFormat == RealFormat) {
-        if (trace.RealSamples.Has(sampleNumber)) first = trace.RealSamples[sampleNumber];
-        second = 0;
-    } else if (block.DataFormat == ComplexFormat) {
-        if (!trace.ComplexSamples.Has(sampleNumber)) return {};
-        const ComplexSample sample = trace.ComplexSamples[sampleNumber];
-        ShowFirst(view, sample, first);
-        ShowSecond(view, sample, second);
-    } else {
-        return UnknownFormat;
-    }
-    return {};
-}
-
-Outcome WriteTraceSample(DataBlock& block, ComplexView view, std::int32_t traceNumber, std::int32_t sampleNumber,
-                         float first, float second)
-{
-    const ErrorStatusTypes error = CheckSample(block, traceNumber, sampleNumber);
-    if (error != NoError) return Failed(error);
-    if (!HasKnownFormat(block)) return UnknownFormat;
-    Trace* const trace = block.Traces.Find(traceNumber);
-    if (!trace) return {};
-    if (block.DataFormat == RealFormat) {
-        if (trace->RealSamples.Has(sampleNumber)) trace->RealSamples[sampleNumber] = first;
-    } else if (trace->ComplexSamples.Has(sampleNumber)) {
-        trace->ComplexSamples[sampleNumber] = SampleOf(view, first, second);
-    }
-    return {};
-}
 
 Outcome ReadTraceSamples(const DataBlock& block, ComplexView view, std::int32_t traceNumber, std::span<float> first,
                          std::span<float> second)
 {
     const ErrorStatusTypes error = CheckSamples(block, traceNumber, first.size(), second.size());
-    if (error != NoError) return Failed(error);
-    if (!HasKnownFormat(block)) return UnknownFormat;
+    if (error != NoError) return {Failure, error};
+    if (!HasKnownFormat(block)) return {Failure, NoError};
     const Trace& trace = block.Traces[traceNumber];
     if (block.DataFormat == RealFormat) {
         const auto samples = Held(trace.RealSamples, first.size());
@@ -146,8 +67,8 @@ Outcome WriteTraceSamples(DataBlock& block, ComplexView view, std::int32_t trace
                           std::span<const float> second)
 {
     const ErrorStatusTypes error = CheckSamples(block, traceNumber, first.size(), second.size());
-    if (error != NoError) return Failed(error);
-    if (!HasKnownFormat(block)) return UnknownFormat;
+    if (error != NoError) return {Failure, error};
+    if (!HasKnownFormat(block)) return {Failure, NoError};
     Trace* const trace = block.Traces.Find(traceNumber);
     if (!trace) return {};
     if (block.DataFormat == RealFormat) {
@@ -167,7 +88,7 @@ bool HasXaxis(const DataBlock& block) { return block.XaxisSpacing != UniformSpac
 Outcome ReadXaxis(const DataBlock& block, bool allocated, std::int32_t sampleNumber, float& value)
 {
     const ErrorStatusTypes error = CheckXaxis(block, allocated, sampleNumber);
-    if (error != NoError) return Failed(error);
+    if (error != NoError) return {Failure, error};
     if (block.Xaxis.Has(sampleNumber)) value = block.Xaxis[sampleNumber];
     return {};
 }
@@ -175,7 +96,7 @@ Outcome ReadXaxis(const DataBlock& block, bool allocated, std::int32_t sampleNum
 Outcome WriteXaxis(DataBlock& block, bool allocated, std::int32_t sampleNumber, float value)
 {
     const ErrorStatusTypes error = CheckXaxis(block, allocated, sampleNumber);
-    if (error != NoError) return Failed(error);
+    if (error != NoError) return {Failure, error};
     if (block.Xaxis.Has(sampleNumber)) block.Xaxis[sampleNumber] = value;
     return {};
 }
@@ -184,7 +105,7 @@ Outcome ReadXaxisValues(const DataBlock& block, bool allocated, std::span<float>
 {
     const bool uniform = block.XaxisSpacing == UniformSpacing;
     const ErrorStatusTypes error = CheckXaxisValues(block, allocated || uniform, values.size());
-    if (error != NoError) return Failed(error);
+    if (error != NoError) return {Failure, error};
     if (uniform) {
         for (std::size_t i = 0; i < values.size(); ++i) {
             values[i] = static_cast<float>(UniformX(block, static_cast<std::int32_t>(i + 1)));
@@ -199,7 +120,7 @@ Outcome ReadXaxisValues(const DataBlock& block, bool allocated, std::span<float>
 Outcome WriteXaxisValues(DataBlock& block, bool allocated, std::span<const float> values)
 {
     const ErrorStatusTypes error = CheckXaxisValues(block, allocated, values.size());
-    if (error != NoError) return Failed(error);
+    if (error != NoError) return {Failure, error};
     const auto held = Held(block.Xaxis, values.size());
     std::copy_n(values.begin(), held.size(), held.begin());
     return {};

@@ -6,6 +6,7 @@
 // skipped and the operation still succeeds.
 #pragma once
 
+#include "datablock/Conversion.h"
 #include "datablock/DataBlock.h"
 #include "fileio/Outcome.h"
 
@@ -18,14 +19,77 @@ namespace qor {
 enum class ComplexView { RealImaginary, MagnitudePhase };
 
 // NoError, or why the trace cannot be reached.
-ErrorStatusTypes CheckTrace(const DataBlock& block, std::int32_t traceNumber);
+inline ErrorStatusTypes CheckTrace(const DataBlock& block, std::int32_t traceNumber)
+{
+    if (block.NumberOfTraces < 1) return TraceDataNotAllocated;
+    if (traceNumber < 1 || traceNumber > block.NumberOfTraces) return TraceIndexError;
+    return NoError;
+}
+
+inline ErrorStatusTypes CheckSample(const DataBlock& block, std::int32_t traceNumber, std::int32_t sampleNumber)
+{
+    if (const ErrorStatusTypes error = CheckTrace(block, traceNumber); error != NoError) return error;
+    if (block.NumberOfSamples < 1) return TraceDataNotAllocated;
+    // 0 passes on purpose: the published check starts at 0.
+    if (sampleNumber < 0 || sampleNumber > block.NumberOfSamples) return SampleIndexError;
+    return NoError;
+}
+
+// What a view shows of a stored sample, and what it stores. Not as a result: where a float is returned through the x87,
+// a NaN may change on the way.
+inline void ShowFirst(ComplexView view, ComplexSample sample, float& first)
+{
+    first = view == ComplexView::MagnitudePhase ? MagnitudeOf(sample.real, sample.imaginary) : sample.real;
+}
+inline void ShowSecond(ComplexView view, ComplexSample sample, float& second)
+{
+    second = view == ComplexView::MagnitudePhase ? PhaseOf(sample.real, sample.imaginary, true) : sample.imaginary;
+}
+inline ComplexSample SampleOf(ComplexView view, float first, float second)
+{
+    return view == ComplexView::MagnitudePhase ? FromMagnitudePhase(first, second) : ComplexSample{first, second};
+}
+
+// A format that only a file can bring is not known: no rule says what its samples mean to a member.
+inline bool HasKnownFormat(const DataBlock& block)
+{
+    return block.DataFormat == RealFormat || block.DataFormat == ComplexFormat;
+}
 
 // Reads one sample into first and second: real and imaginary part, or magnitude and phase (0 to 360 degrees);
-// of a real trace the value and 0.
-Outcome ReadTraceSample(const DataBlock& block, ComplexView view, std::int32_t traceNumber, std::int32_t sampleNumber,
-                        float& first, float& second);
-Outcome WriteTraceSample(DataBlock& block, ComplexView view, std::int32_t traceNumber, std::int32_t sampleNumber,
-                         float first, float second);
+// of a real trace the value and 0. Clients call it for every sample, so it is to be inlined.
+inline Outcome ReadTraceSample(const DataBlock& block, ComplexView view, std::int32_t traceNumber,
+                               std::int32_t sampleNumber, float& first, float& second)
+{
+    const ErrorStatusTypes error = CheckSample(block, traceNumber, sampleNumber);
+    if (error != NoError) return {Failure, error};
+    if (!HasKnownFormat(block)) return {Failure, NoError};
+    const Trace& trace = block.Traces[traceNumber];
+    if (block.DataFormat == RealFormat) {
+        if (trace.RealSamples.Has(sampleNumber)) first = trace.RealSamples[sampleNumber];
+        second = 0;
+    } else if (trace.ComplexSamples.Has(sampleNumber)) {
+        const ComplexSample sample = trace.ComplexSamples[sampleNumber];
+        ShowFirst(view, sample, first);
+        ShowSecond(view, sample, second);
+    }
+    return {};
+}
+inline Outcome WriteTraceSample(DataBlock& block, ComplexView view, std::int32_t traceNumber, std::int32_t sampleNumber,
+                                float first, float second)
+{
+    const ErrorStatusTypes error = CheckSample(block, traceNumber, sampleNumber);
+    if (error != NoError) return {Failure, error};
+    if (!HasKnownFormat(block)) return {Failure, NoError};
+    Trace* const trace = block.Traces.Find(traceNumber);
+    if (!trace) return {};
+    if (block.DataFormat == RealFormat) {
+        if (trace->RealSamples.Has(sampleNumber)) trace->RealSamples[sampleNumber] = first;
+    } else if (trace->ComplexSamples.Has(sampleNumber)) {
+        trace->ComplexSamples[sampleNumber] = SampleOf(view, first, second);
+    }
+    return {};
+}
 
 // The same of all samples of a trace at once. Each array has one element a sample, else SampleIndexError; second may
 // also be empty: not wanted when read, zeros when written.

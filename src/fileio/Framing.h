@@ -47,10 +47,7 @@ QOR_INLINE inline void SaveString(ItemWriter& items, std::u16string_view text)
         return;
     }
     items.PutAll(static_cast<std::int32_t>(text.size()));
-    std::byte* place = items.PutPiece(sizeof(char16_t) * text.size());
-    for (const char16_t unit : text) {
-        PutLittleEndian(std::exchange(place, place + sizeof unit), static_cast<std::uint16_t>(unit));
-    }
+    std::memcpy(items.PutPiece(sizeof(char16_t) * text.size()), text.data(), sizeof(char16_t) * text.size());
 }
 // Reads one text. At the end of the file: the characters that were read whole; a negative count: empty.
 std::u16string LoadString(RecordReader& file, TextForm form);

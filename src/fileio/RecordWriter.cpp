@@ -74,16 +74,10 @@ FilePosition RecordWriter::BeginRecord(std::int16_t recordType)
     return lengthField;
 }
 
-void RecordWriter::PatchRecordLength(FilePosition lengthField)
+// The record began before what the buffer holds.
+void RecordWriter::PatchWritten(FilePosition lengthField, std::uint32_t length)
 {
-    if (failed_) return;
-    const auto bytes = LittleEndian(static_cast<std::uint32_t>(position_ - (lengthField + 4)));
-    const FilePosition bufferStart = position_ - static_cast<FilePosition>(buffered_);
-    if (lengthField >= bufferStart) { // items are never cut by the buffer's start
-        std::memcpy(buffer_.get() + (lengthField - bufferStart), bytes.data(), bytes.size());
-    } else {
-        failed_ = !sink_.WriteAt(static_cast<std::uint64_t>(lengthField - 1), bytes);
-    }
+    failed_ = !sink_.WriteAt(static_cast<std::uint64_t>(lengthField - 1), LittleEndian(length));
 }
 
 } // namespace qor

@@ -55,7 +55,17 @@ public:
     void PutZeros(std::int64_t bytes);
     // Writes the type code and reserves the length. Hand the result to PatchRecordLength behind the closing tag.
     FilePosition BeginRecord(std::int16_t recordType);
-    void PatchRecordLength(FilePosition lengthField);
+    void PatchRecordLength(FilePosition lengthField)
+    {
+        if (failed_) return;
+        const auto length = static_cast<std::uint32_t>(position_ - (lengthField + 4));
+        const FilePosition bufferStart = position_ - static_cast<FilePosition>(buffered_);
+        if (lengthField >= bufferStart) { // items are never cut by the buffer's start
+            PutLittleEndian(buffer_.get() + (lengthField - bufferStart), length);
+        } else {
+            PatchWritten(lengthField, length);
+        }
+    }
     // Hands what is still buffered to the sink. False when any write failed.
     bool Flush();
 
@@ -77,6 +87,7 @@ public:
 private:
     template <class Unsigned>
     void PutUnsigned(Unsigned value);
+    void PatchWritten(FilePosition lengthField, std::uint32_t length);
     void RunOut();
 
     static constexpr std::size_t BufferSize = std::size_t{256} << 10;

@@ -65,13 +65,38 @@ T& PerThread()
 
 #else
 
+#include "platform/Inline.h"
+
 namespace qor::platform {
 
+// Owns the value of one thread, and leaves word in place for as long as it lives.
 template <class T>
-T& PerThread()
+struct PerThreadOwner {
+    explicit PerThreadOwner(T*& place) : found(place) { found = &value; }
+    ~PerThreadOwner() { found = nullptr; }
+    PerThreadOwner(const PerThreadOwner&) = delete;
+    PerThreadOwner& operator=(const PerThreadOwner&) = delete;
+
+    T*& found;
+    T value;
+};
+
+template <class T>
+[[gnu::noinline]] T& MakePerThread(T*& place)
 {
-    static thread_local T value;
-    return value;
+    static thread_local PerThreadOwner<T> owner(place);
+    return owner.value;
+}
+
+// The pointer is asked for with every sample. In the initial-exec model that takes one instruction, else a call; there
+// is room for a pointer in that model even where the library is loaded while the program runs.
+template <class T>
+QOR_INLINE inline T& PerThread()
+{
+    [[gnu::tls_model("initial-exec")]] static constinit thread_local T* value = nullptr;
+    if (value) [[likely]]
+        return *value;
+    return MakePerThread(value);
 }
 
 } // namespace qor::platform

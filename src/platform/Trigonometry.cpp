@@ -2,6 +2,7 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "platform/Trigonometry.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -29,7 +30,7 @@ Reduced ReduceMedium(double radians)
     constexpr double part2 = 0x1.0b4611a600000p-34;
     constexpr double part3 = 0x1.3198a2e000000p-69;
     constexpr double part4 = 0x1.b839a252049c1p-104;
-    const auto multiple = static_cast<std::int32_t>(radians * TwoOverPi + (radians < 0 ? -0.5 : 0.5));
+    const auto multiple = static_cast<std::int32_t>(radians * TwoOverPi + std::copysign(0.5, radians));
     const double n = multiple;
     const double first = radians - n * part1;
     const double second = first - n * part2;
@@ -42,8 +43,9 @@ Reduced ReduceMedium(double radians)
 // them are too small to show.
 Reduced ReduceLarge(double radians)
 {
-    constexpr std::array<std::uint32_t, 10> twoOverPi = {0xA2F9836E, 0x4E441529, 0xFC2757D1, 0xF534DDC0, 0xDB629599,
-                                                         0x3C439041, 0xFE5163AB, 0xDEBBC561, 0xB7246E3A, 0x424DD2E0};
+    static constexpr std::array<std::uint32_t, 10> twoOverPi = {0xA2F9836E, 0x4E441529, 0xFC2757D1, 0xF534DDC0,
+                                                                0xDB629599, 0x3C439041, 0xFE5163AB, 0xDEBBC561,
+                                                                0xB7246E3A, 0x424DD2E0};
     constexpr int windowWords = 6;
     constexpr std::size_t productWords = windowWords + 2;
 
@@ -96,7 +98,6 @@ Reduced ReduceLarge(double radians)
 Reduced Reduce(double radians)
 {
     constexpr double mediumLimit = 1 << 20;
-    if (std::fabs(radians) <= QuarterPi) return {0, radians, 0};
     return std::fabs(radians) < mediumLimit ? ReduceMedium(radians) : ReduceLarge(radians);
 }
 
@@ -130,39 +131,54 @@ double SmallCosine(double x, double low)
     return leading + (((1 - leading) - half) + (s * s * sum - x * low));
 }
 
-// The series of the arctangent, for at most tan(pi/16).
+// The series of the arctangent, for at most 1/32.
 double SmallArcTangent(double x)
 {
     const double s = x * x;
     double sum = 0;
-    for (int n = 27; n >= 3; n -= 2) sum = (1.0 / n - sum) * s;
+    for (int n = 11; n >= 3; n -= 2) sum = (1.0 / n - sum) * s;
     return x - x * sum;
 }
 
-// For 0 to 1: through the nearest of 0, pi/8 and pi/4.
+// For 0 to 1: through the nearest sixteenth.
 double ArcTangentOfFraction(double x)
 {
-    constexpr double tan1 = 0x1.975f5e0553158p-3; // tan(pi/16)
-    constexpr double tan2 = 0x1.a827999fcef32p-2; // tan(pi/8)
-    constexpr double tan3 = 0x1.561b82ab7f990p-1; // tan(3 pi/16)
-    if (x <= tan1) return SmallArcTangent(x);
-    if (x <= tan3) return HalfPi / 4 + SmallArcTangent((x - tan2) / (1 + x * tan2));
-    return QuarterPi + SmallArcTangent((x - 1) / (1 + x));
+    static constexpr std::array<double, 17> ofSixteenths = {
+        0,
+        0x1.ff55bb72cfdeap-5,
+        0x1.fd5ba9aac2f6ep-4,
+        0x1.7b97b4bce5b02p-3,
+        0x1.f5b75f92c80ddp-3,
+        0x1.362773707ebccp-2,
+        0x1.6f61941e4def1p-2,
+        0x1.a64eec3cc23fdp-2,
+        0x1.dac670561bb4fp-2,
+        0x1.0657e94db30d0p-1,
+        0x1.1e00babdefeb4p-1,
+        0x1.345f01cce37bbp-1,
+        0x1.4978fa3269ee1p-1,
+        0x1.5d58987169b18p-1,
+        0x1.700a7c5784634p-1,
+        0x1.819d0b7158a4dp-1,
+        QuarterPi,
+    };
+    const auto sixteenths = static_cast<std::int32_t>(16 * x + 0.5);
+    const double near = sixteenths / 16.0;
+    return ofSixteenths[static_cast<std::size_t>(sixteenths)] + SmallArcTangent((x - near) / (1 + x * near));
 }
 
 } // namespace
 
 SineCosine SineAndCosine(double radians)
 {
-    const auto [quadrant, rest, low] = Reduce(radians);
-    const double sine = SmallSine(rest, low);
-    const double cosine = SmallCosine(rest, low);
-    switch (quadrant & 3) {
-    case 0: return {sine, cosine};
-    case 1: return {cosine, -sine};
-    case 2: return {-sine, -cosine};
-    default: return {-cosine, sine};
-    }
+    // By quadrant. Looked up, not chosen by branches: processors cannot foresee the quadrants of measured phases.
+    static constexpr std::array<double, 4> signOfSine = {1, 1, -1, -1};
+    static constexpr std::array<double, 4> signOfCosine = {1, -1, -1, 1};
+
+    const auto [multiple, rest, low] = Reduce(radians);
+    const std::array<double, 2> values = {SmallSine(rest, low), SmallCosine(rest, low)};
+    const unsigned quadrant = multiple & 3;
+    return {signOfSine[quadrant] * values[quadrant & 1], signOfCosine[quadrant] * values[(quadrant & 1) ^ 1]};
 }
 
 SineCosine SineAndCosineOfDegrees(double degrees)
@@ -173,8 +189,14 @@ SineCosine SineAndCosineOfDegrees(double degrees)
 
 double ArcTangent(double value)
 {
+    // Looked up, as the quadrants above.
+    static constexpr std::array<double, 2> start = {0, HalfPi};
+    static constexpr std::array<double, 2> direction = {1, -1};
+
     const double x = std::fabs(value);
-    const double angle = x <= 1 ? ArcTangentOfFraction(x) : HalfPi - ArcTangentOfFraction(1 / x);
+    const double fraction = std::min(x, 1.0) / std::max(x, 1.0);
+    const std::size_t inverted = x > 1 ? 1 : 0;
+    const double angle = start[inverted] + direction[inverted] * ArcTangentOfFraction(fraction);
     return std::copysign(angle, value);
 }
 

@@ -5,6 +5,7 @@
 #include "fileio/Framing.h"
 #include "platform/Trigonometry.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <new>
@@ -75,32 +76,23 @@ RealImaginary Converted(const ShapeValue& value)
     return {static_cast<float>(value.Magnitude * angle.cosine), static_cast<float>(value.Magnitude * angle.sine)};
 }
 
-// Calls visit(value) in the file's order, for as long as it returns true.
-template <class Visit>
-bool ForEachValue(const ShapeTable& table, const ShapeTableCounts& counts, Visit visit)
-{
-    for (std::int32_t shape = 1; shape <= counts.NumberOfShapes; ++shape) {
-        for (std::int32_t dof = 1; dof <= counts.NumberOfDOFs; ++dof) {
-            if (!visit(table.ShapeValues->At(shape, dof))) return false;
-        }
-    }
-    return true;
-}
-
 ReturnStatus Save_Values(RecordWriter& file, const ShapeTable& table, const ShapeTableCounts& counts)
 {
     if (!table.ShapeValues || !table.ShapeValues->Has(counts.NumberOfShapes, counts.NumberOfDOFs)) return Failure;
     // No value is written unless all can be: they are one piece.
-    if (!ForEachValue(table, counts, [](const ShapeValue& value) { return !IsInfinite(value); })) return Failure;
-    const std::size_t values =
-        static_cast<std::size_t>(counts.NumberOfShapes) * static_cast<std::size_t>(counts.NumberOfDOFs);
+    const auto dofs = static_cast<std::size_t>(counts.NumberOfDOFs);
+    for (std::int32_t shape = 1; shape <= counts.NumberOfShapes; ++shape) {
+        if (std::ranges::any_of(table.ShapeValues->Row(shape).first(dofs), IsInfinite)) return Failure;
+    }
+    const std::size_t values = static_cast<std::size_t>(counts.NumberOfShapes) * dofs;
     if (!file.FitsPositions(2 * sizeof(float) * values)) return Failure;
-    ForEachValue(table, counts, [&](const ShapeValue& value) {
-        const RealImaginary pair = Converted(value);
-        file.PutFloat(pair.real);
-        file.PutFloat(pair.imaginary);
-        return !file.Failed();
-    });
+    for (std::int32_t shape = 1; shape <= counts.NumberOfShapes && !file.Failed(); ++shape) {
+        ItemWriter items(file);
+        for (const ShapeValue& value : table.ShapeValues->Row(shape).first(dofs)) {
+            const RealImaginary pair = Converted(value);
+            items.PutAll(pair.real, pair.imaginary);
+        }
+    }
     return file.Failed() ? Failure : Success;
 }
 
