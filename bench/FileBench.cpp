@@ -256,7 +256,8 @@ void RegisterWhole(Report& report, const Shape& shape, const SubjectOnDemand& su
 {
     const bool large = shape.complex;
     const int runs = large ? LongRuns : ShortRuns;
-    const auto add = [&](const std::string& what, std::vector<Reference> references, double document, auto function) {
+    const auto add = [&](const std::string& what, std::vector<ReferenceTimes> references, double document,
+                         auto function) {
         Figure& figure =
             report.Add({.name = what + shape.name, .references = std::move(references), .document = document});
         Register(figure, runs, [=](State& state, Figure& each) { function(state, each, subject()); });
@@ -279,7 +280,7 @@ void RegisterWhole(Report& report, const Shape& shape, const SubjectOnDemand& su
 }
 
 // What is loaded in part: all headers, and those bytes of samples.
-void RegisterPart(Report& report, const std::string& name, double samples, const Reference& floor,
+void RegisterPart(Report& report, const std::string& name, double samples, const ReferenceTimes& floor,
                   const SubjectOnDemand& subject, void (*function)(State&, Figure&, Subject&))
 {
     Figure& figure =

@@ -25,6 +25,18 @@ const Hdf5Id& FileAccess()
     return list;
 }
 
+// All attributes of the root stay in its header.
+const Hdf5Id& FileCreation()
+{
+    static const Hdf5Id list(H5Pcreate(H5P_FILE_CREATE), H5Pclose);
+    static const bool set = [] {
+        Check(H5Pset_attr_phase_change(list, 32, 0), "attributes");
+        return true;
+    }();
+    (void)set;
+    return list;
+}
+
 const Hdf5Id& DatasetCreation()
 {
     static const Hdf5Id list(H5Pcreate(H5P_DATASET_CREATE), H5Pclose);
@@ -81,7 +93,7 @@ hid_t Hdf5Pair()
 
 Hdf5Id CreateHdf5(const std::string& path)
 {
-    return {H5Fcreate(path.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, FileAccess()), H5Fclose};
+    return {H5Fcreate(path.c_str(), H5F_ACC_TRUNC, FileCreation(), FileAccess()), H5Fclose};
 }
 
 Hdf5Id OpenHdf5(const std::string& path) { return {H5Fopen(path.c_str(), H5F_ACC_RDONLY, FileAccess()), H5Fclose}; }

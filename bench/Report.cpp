@@ -31,7 +31,7 @@ Spread SpreadOf(std::vector<double> values)
     return {at(0.25), at(0.5), at(0.75)};
 }
 
-Spread RatiosOf(const Figure& figure, const Reference& reference)
+Spread RatiosOf(const Figure& figure, const ReferenceTimes& reference)
 {
     std::vector<double> ratios;
     for (std::size_t run = 0; run < figure.seconds.size(); ++run)
@@ -71,7 +71,7 @@ std::string Ratio(const Spread& ratios)
     return Digits(ratios.median) + " (" + Digits(ratios.lower) + "-" + Digits(ratios.upper) + ")";
 }
 
-std::string Wanted(const Reference& reference, double ratio)
+std::string Wanted(const ReferenceTimes& reference, double ratio)
 {
     if (!reference.atMost) return {};
     std::array<char, 32> text{};
@@ -133,7 +133,7 @@ void Report::Print(const Table& table) const
     for (const Figure& figure : table.figures) {
         if (figure.seconds.empty()) continue;
         Row row{figure.name, Time(figure.seconds), Peak(figure.name, figure.document), "", "", "", "", ""};
-        for (const Reference& reference : figure.references) {
+        for (const ReferenceTimes& reference : figure.references) {
             const Spread ratios = RatiosOf(figure, reference);
             row[3] = reference.beside;
             row[4] = Time(reference.seconds);
@@ -164,7 +164,7 @@ void Report::Print() const
         }
     };
     forEach([&](const Figure& figure) {
-        for (const Reference& reference : figure.references) {
+        for (const ReferenceTimes& reference : figure.references) {
             if (!reference.atMost) continue;
             ++wanted;
             if (RatiosOf(figure, reference).median > *reference.atMost)
@@ -175,7 +175,7 @@ void Report::Print() const
         std::printf("Of %d figures with a limit, missed: %s.\n\n", wanted, missed.empty() ? "none" : missed.c_str());
 
     forEach([&](const Figure& figure) {
-        for (const Reference& reference : figure.references)
+        for (const ReferenceTimes& reference : figure.references)
             PrintRatio(figure.name + reference.suffix, RatiosOf(figure, reference).median);
         if (!figure.unit.empty())
             PrintRatio(figure.name + "_" + figure.unit, SpreadOf(figure.seconds).median * PerSecond(figure.unit));

@@ -14,7 +14,7 @@ namespace qor::bench {
 
 // What work is timed beside. The times stand in the order of the work's own, so that those that were taken one right
 // after the other make a pair.
-struct Reference {
+struct ReferenceTimes {
     std::string beside;
     std::string suffix = {};           // behind the figure's name, makes the name of this ratio
     std::optional<double> atMost = {}; // the ratio that is wanted
@@ -23,7 +23,7 @@ struct Reference {
 
 struct Figure {
     std::string name;
-    std::vector<Reference> references = {};
+    std::vector<ReferenceTimes> references = {};
     std::string unit = {}; // "ms", "us" or "ns" where the time itself is printed as a figure too, as NAME_unit
     std::vector<double> seconds = {};
     // Bytes of the values themselves, where the work makes them anew: peak memory is told above them.
