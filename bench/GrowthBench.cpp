@@ -181,9 +181,7 @@ void AddFigure(Report& report, const std::string& name, const char* beside, std:
 
 void RegisterGrowthBenchmarks(Report& report, const WorkFolder& folder)
 {
-    report.Begin("Growth",
-                 "Time an element, in Structures of 10,000, 100,000 and 1,000,000 elements of a kind; `save` and "
-                 "`load` of each of four kinds.");
+    report.Begin("Growth", "Time an element in Structures of that many, beside those of 1,000.");
     const auto few = OnDemand<Batch>(std::cref(folder), Least);
     for (const std::int32_t size : {10'000, 100'000, MostElements}) {
         const auto many = OnDemand<Batch>(std::cref(folder), size);
