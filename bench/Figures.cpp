@@ -2,78 +2,60 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "Figures.h"
 
-#include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <regex>
+#include <stdexcept>
 
 namespace qor::bench {
-namespace {
 
-double Median(std::vector<double> values)
+void Time(benchmark::State& state, Figure& figure, const std::vector<Party>& parties, double calls)
 {
-    std::sort(values.begin(), values.end());
-    const std::size_t middle = values.size() / 2;
-    return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
-}
+    if (parties.size() != figure.references.size() + 1) throw std::logic_error(figure.name + ": parties");
+    for (auto each : state) {
+        (void)each;
+        bool right = true;
+        for (const Party& party : parties) right = party.work() && right;
+        for (const Party& party : parties) party.clear();
 
-double Fastest(const std::vector<double>& values) { return *std::min_element(values.begin(), values.end()); }
+        const std::size_t first = figure.seconds.size();
+        std::vector<double> seconds(parties.size());
+        for (std::size_t i = 0; i < parties.size(); ++i) {
+            const std::size_t turn = (first + i) % parties.size();
+            const auto start = std::chrono::steady_clock::now();
+            right = parties[turn].work() && right;
+            seconds[turn] = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count() / calls;
+        }
+        state.SetIterationTime(seconds[0]);
 
-// A time with the unit in which it has one to three digits before the point.
-std::string Readable(double seconds)
-{
-    const char* unit = "s ";
-    for (const char* smaller : {"ms", "us", "ns"}) {
-        if (seconds >= 1) break;
-        seconds *= 1000;
-        unit = smaller;
+        for (const Party& party : parties) right = party.holds() && right;
+        for (const Party& party : parties) party.clear();
+        if (!right) {
+            state.SkipWithError("wrong result");
+            continue;
+        }
+        figure.seconds.push_back(seconds[0]);
+        for (std::size_t i = 1; i < parties.size(); ++i) figure.references[i - 1].seconds.push_back(seconds[i]);
     }
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2f %s", seconds, unit);
-    return text;
 }
 
-} // namespace
+bool IsChosen(const std::string& name)
+{
+    std::string filter = benchmark::GetBenchmarkFilter();
+    if (filter.empty() || filter == "all") return true;
+    const bool excludes = filter[0] == '-';
+    if (excludes) filter.erase(0, 1);
+    return std::regex_search(name, std::regex(filter, std::regex::extended)) != excludes;
+}
 
-void TimeTable::ReportRuns(const std::vector<Run>& runs)
+void Failures::ReportRuns(const std::vector<Run>& runs)
 {
     for (const Run& run : runs) {
-        const std::string& name = run.run_name.function_name;
-        if (run.error_occurred) {
-            std::fprintf(stderr, "%s: %s\n", name.c_str(), run.error_message.c_str());
-            failed_ = true;
-        } else if (run.run_type == Run::RT_Iteration) {
-            Times& times = benchmarks_[name];
-            times.measured.push_back(run.real_accumulated_time);
-            if (const auto reference = run.counters.find("reference"); reference != run.counters.end()) {
-                times.reference.push_back(reference->second);
-                times.ratios.push_back(times.measured.back() / times.reference.back());
-            }
-        }
+        ran_ = true;
+        if (!run.error_occurred) continue;
+        std::fprintf(stderr, "%s: %s\n", run.run_name.function_name.c_str(), run.error_message.c_str());
+        failed_ = true;
     }
 }
-
-void TimeTable::Print() const
-{
-    std::printf("%-32s %11s %11s %11s %11s %6s %5s\n", "", "median", "fastest", "reference", "fastest", "ratio",
-                "runs");
-    for (const auto& [name, times] : benchmarks_) {
-        std::printf("%-32s %11s %11s", name.c_str(), Readable(Median(times.measured)).c_str(),
-                    Readable(Fastest(times.measured)).c_str());
-        if (times.ratios.empty()) {
-            std::printf(" %11s %11s %6s", "", "", "");
-        } else {
-            std::printf(" %11s %11s %6.2f", Readable(Median(times.reference)).c_str(),
-                        Readable(Fastest(times.reference)).c_str(), Median(times.ratios));
-        }
-        std::printf(" %5zu\n", times.measured.size());
-    }
-    std::printf("\n");
-    for (const auto& [name, times] : benchmarks_) {
-        if (!times.ratios.empty()) PrintFigure(name, Median(times.ratios));
-        if (name.ends_with("_ms")) PrintFigure(name, Median(times.measured) * 1e3);
-        if (name.starts_with("sample_")) PrintFigure(name + "_ns", Median(times.measured) * 1e9);
-    }
-}
-
-void PrintFigure(const std::string& name, double value) { std::printf("ratio %s %.3f\n", name.c_str(), value); }
 
 } // namespace qor::bench

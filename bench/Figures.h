@@ -1,77 +1,74 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// Times work beside its reference, collects the times, and prints them: a table, then one line a figure.
+// Times work beside its references, as benchmarks that can be chosen by name.
 #pragma once
+
+#include "Report.h"
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
-#include <map>
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace qor::bench {
 
-template <class Work>
-double SecondsOf(Work work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
+// Something that is timed, and how to look at what came of it. Only the work is needed.
+struct Party {
+    std::function<bool()> work; // false, or not holds(): the result is wrong
+    std::function<bool()> holds = [] { return true; };
+    std::function<void()> clear = [] {}; // gives back what the work made
+};
 
-// Times both, one right after the other, so that what else the machine does meets both alike; every other time
-// the reference goes first. Times are divided by the number of calls that the work consists of.
-template <class Work, class Reference>
-void TimeBeside(benchmark::State& state, Work work, Reference reference, double calls = 1)
-{
-    static bool referenceFirst = false;
-    referenceFirst = !referenceFirst;
-    double referenceSeconds = referenceFirst ? SecondsOf(reference) : 0;
-    state.SetIterationTime(SecondsOf(work) / calls);
-    if (!referenceFirst) referenceSeconds = SecondsOf(reference);
-    state.counters["reference"] = referenceSeconds / calls;
-}
+// Times all parties, one right after the other, so that what else the machine does meets all alike; each time another
+// one goes first. The first is the figure's own, the others are its references in their order. Times are divided by
+// the number of calls that the work consists of.
+//
+// Memory that was just given back is warm: a virtual machine may have to ask its host for memory that lay idle, which
+// takes longer than all that is measured. So everything is done once before, and cleared.
+void Time(benchmark::State& state, Figure& figure, const std::vector<Party>& parties, double calls = 1);
 
-template <class Work>
-void TimeAlone(benchmark::State& state, Work work)
-{
-    state.SetIterationTime(SecondsOf(work));
-}
-
-// Runs the function that often, one iteration a time.
+// Runs the function that often. The figure is one of the report.
 template <class Function>
-void Register(const std::string& name, int runs, Function function)
+void Register(Figure& figure, int runs, Function function)
 {
-    benchmark::RegisterBenchmark(name.c_str(), function)->Iterations(1)->Repetitions(runs)->UseManualTime();
+    benchmark::RegisterBenchmark(figure.name.c_str(),
+                                 [&figure, function](benchmark::State& state) { function(state, figure); })
+        ->Iterations(1)
+        ->Repetitions(runs)
+        ->UseManualTime();
 }
 
-class TimeTable : public benchmark::BenchmarkReporter
+// What benchmarks share, made when the first of them needs it: the user's choice may leave them all out.
+template <class Made, class... Arguments>
+std::function<Made&()> OnDemand(Arguments... arguments)
+{
+    return [made = std::make_shared<std::unique_ptr<Made>>(), arguments...]() -> Made& {
+        if (!*made) *made = std::make_unique<Made>(arguments...);
+        return **made;
+    };
+}
+
+// Whether the user's choice of benchmarks has that one in it.
+bool IsChosen(const std::string& name);
+
+// Only looks whether benchmarks have failed: their times are in the figures.
+class Failures : public benchmark::BenchmarkReporter
 {
 public:
     bool ReportContext(const Context&) override { return true; }
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    // A table of all times, and one line "ratio NAME VALUE" a figure: the median of the ratios to the reference
-    // for each benchmark that has one; the median time for a name that ends in _ms, and, as NAME_ns, for a sample.
-    void Print() const;
-    // True while no benchmark has run.
-    bool Empty() const { return benchmarks_.empty() && !failed_; }
     // True when a benchmark found its results wrong.
-    bool Failed() const { return failed_; }
+    bool Any() const { return failed_; }
+    // True when any benchmark has run.
+    bool Ran() const { return ran_; }
 
 private:
-    struct Times {
-        std::vector<double> measured;
-        std::vector<double> reference;
-        std::vector<double> ratios;
-    };
-
-    std::map<std::string, Times> benchmarks_;
     bool failed_ = false;
+    bool ran_ = false;
 };
-
-void PrintFigure(const std::string& name, double value);
 
 } // namespace qor::bench

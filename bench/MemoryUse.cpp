@@ -2,11 +2,9 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "MemoryUse.h"
 
-#include "PlainFile.h"
-#include "datablock/Load_DataBlock.h"
-#include "datablock/Save_DataBlock.h"
-#include "platform/File.h"
+#include "Figures.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <stdexcept>
@@ -37,7 +35,8 @@ double PeakAbove(Work work)
         peak << "5"; // sets the peak back to the present use
     }
     const double before = StatusBytes("VmRSS");
-    if (StatusBytes("VmHWM") - before > 256 * 1024) return NotMeasured; // was not set back
+    constexpr double Inexact = 1024 * 1024; // processors count pages for themselves for a while
+    if (StatusBytes("VmHWM") - before > Inexact) return NotMeasured; // was not set back
     if (!work()) return NotMeasured;
     return StatusBytes("VmHWM") - before;
 }
@@ -72,27 +71,30 @@ double InChild(Measurement measurement)
 
 } // namespace
 
-std::optional<MemoryUse> PeakMemory(const Shape& shape, const std::string& path)
+void PeakMeter::Prepare(const std::vector<std::string>& figures, const std::function<bool()>& work)
 {
-    MemoryUse use;
-    use.save = InChild([&] {
-        const DataBlock block = MakeDocument(shape);
-        return PeakAbove([&] {
-            auto file = platform::File::Replace(Utf16(path));
-            return file && SaveDataBlock(*file, block).status == Success && file->Close();
-        });
+    if (std::none_of(figures.begin(), figures.end(), IsChosen)) return;
+    const double done = InChild([&] { return work() ? 1 : NotMeasured; });
+    if (done == NotMeasured) throw std::runtime_error("files for the memory figures cannot be made");
+}
+
+std::optional<double> PeakMeter::Measure(const std::string& figure, const std::string& suffix,
+                                         const std::function<MeasuredWork()>& prepare)
+{
+    if (!IsChosen(figure)) return std::nullopt;
+    const double peak = InChild([&] {
+        const MeasuredWork measured = prepare();
+        const double above = PeakAbove(measured.work);
+        return measured.holds() ? above : NotMeasured;
     });
-    use.load = InChild([&] {
-        DataBlock block;
-        const double peak = PeakAbove([&] {
-            auto file = platform::File::OpenForReading(Utf16(path));
-            return file && LoadDataBlock(*file, block).status == Success;
-        });
-        return Checksum(block) == Checksum(MakeDocument(shape)) ? peak : NotMeasured;
-    });
-    Delete(path);
-    if (use.save == NotMeasured || use.load == NotMeasured) return std::nullopt;
-    return use;
+    if (peak == NotMeasured) {
+        std::fprintf(stderr, "%s%s: memory could not be measured, or a result was wrong\n", figure.c_str(),
+                     suffix.c_str());
+        failed_ = true;
+        return std::nullopt;
+    }
+    report_.SetPeak(figure + suffix, peak);
+    return peak;
 }
 
 } // namespace qor::bench

@@ -67,6 +67,15 @@ void ReadPlain(const std::string& path, std::span<std::byte> target)
     }
 }
 
+void ReadPlainPieces(const std::string& path, std::size_t pieces, std::size_t apart, std::span<std::byte> target)
+{
+    const Descriptor file(path, O_RDONLY);
+    for (std::size_t piece = 0; piece < pieces; ++piece) {
+        const auto got = pread(file, target.data(), target.size(), static_cast<off_t>(piece * apart));
+        if (got != static_cast<ssize_t>(target.size())) throw std::runtime_error(path + ": too short");
+    }
+}
+
 std::vector<std::byte> BytesOf(const std::string& path)
 {
     std::vector<std::byte> bytes(std::filesystem::file_size(path));

@@ -33,6 +33,8 @@ private:
 void WritePlain(const std::string& path, std::span<const std::byte> bytes);
 // Fills target with the file's bytes, of which there must be as many.
 void ReadPlain(const std::string& path, std::span<std::byte> target);
+// Fills target that often, from places in the file that are so far apart.
+void ReadPlainPieces(const std::string& path, std::size_t pieces, std::size_t apart, std::span<std::byte> target);
 
 std::vector<std::byte> BytesOf(const std::string& path);
 void Delete(const std::string& path);

@@ -2,24 +2,24 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "SampleBench.h"
 
+#include "CheckedVector.h"
 #include "Figures.h"
 
 #include <QOR_File/FileArrays.h>
 
 #include <cmath>
-#include <complex>
 #include <cstring>
+#include <memory>
 
 namespace qor::bench {
 namespace {
 
 using benchmark::State;
-using Format = DataBlock_DataFormatTypes;
 
 constexpr std::int32_t Samples = 16384; // fits the nearer caches: the calls are measured, not the memory
 constexpr std::int32_t TraceNumber = 3;
 constexpr int Runs = 101;
-constexpr double DegreesPerRadian = 57.29577951308232;
+constexpr int TraceRuns = 41;
 
 float First(std::int32_t sample) { return 1.0F + static_cast<float>(sample) * 0.5F; }
 // As a phase it stays inside 0 to 360 degrees.
@@ -33,21 +33,29 @@ void Resize(clsQOR_File& file, Format format)
     file.DataBlock_NumberOfTraces(TraceNumber);
 }
 
-void WriteAll(clsQOR_File& file)
+// Calls for all samples.
+template <class Write>
+bool WriteEach(Write write)
 {
+    bool good = true;
     for (std::int32_t sample = 1; sample <= Samples; ++sample)
-        benchmark::DoNotOptimize(file.WriteTraceSampleValue(TraceNumber, sample, First(sample), Second(sample)));
+        good = write(sample, First(sample), Second(sample)) == Success && good;
+    benchmark::ClobberMemory();
+    return good;
 }
 
-void ReadAll(clsQOR_File& file)
+template <class Read>
+bool ReadEach(Read read)
 {
+    bool good = true;
     for (std::int32_t sample = 1; sample <= Samples; ++sample) {
         float real = 0;
         float imaginary = 0;
-        benchmark::DoNotOptimize(file.ReadTraceSampleValue(TraceNumber, sample, real, imaginary));
+        good = read(sample, real, imaginary) == Success && good;
         benchmark::DoNotOptimize(real);
         benchmark::DoNotOptimize(imaginary);
     }
+    return good;
 }
 
 // Whether every sample has the values that were written, up to the rounding of a way there and back.
@@ -65,83 +73,90 @@ bool Holds(clsQOR_File& file, Format format)
     return true;
 }
 
-// The references: the same values in a vector, with the arithmetic of a magnitude/phase view where there is one.
-template <class Value>
-void WriteVector(std::vector<Value>& samples, Format format)
+template <Format format>
+Traces<format> MakeVectors()
 {
-    for (std::int32_t sample = 1; sample <= Samples; ++sample) {
-        Value& place = samples[static_cast<std::size_t>(sample - 1)];
-        if constexpr (std::is_same_v<Value, float>) {
-            place = First(sample);
-        } else if (format == DataFormat_MgnitudePhase) {
-            const double angle = Second(sample) / DegreesPerRadian;
-            place = {static_cast<float>(First(sample) * std::cos(angle)),
-                     static_cast<float>(First(sample) * std::sin(angle))};
-        } else {
-            place = {First(sample), Second(sample)};
-        }
-        benchmark::DoNotOptimize(place);
-    }
+    return Traces<format>(TraceNumber, std::vector<SampleOf<format>>(Samples));
 }
 
-template <class Value>
-void ReadVector(const std::vector<Value>& samples, Format format)
+// The place of a sample, where the compiler sees the checks and can draw them together.
+template <class Vectors>
+auto& InlineAt(Vectors& vectors, std::int32_t sample)
 {
-    for (std::int32_t sample = 1; sample <= Samples; ++sample) {
-        const Value& place = samples[static_cast<std::size_t>(sample - 1)];
-        float first = 0;
-        float second = 0;
-        if constexpr (std::is_same_v<Value, float>) {
-            first = place;
-        } else if (format == DataFormat_MgnitudePhase) {
-            const double re = place.real();
-            const double im = place.imag();
-            first = static_cast<float>(std::sqrt(re * re + im * im));
-            second = static_cast<float>(std::atan2(im, re) * DegreesPerRadian);
-        } else {
-            first = place.real();
-            second = place.imag();
-        }
-        benchmark::DoNotOptimize(first);
-        benchmark::DoNotOptimize(second);
-    }
+    return vectors.at(TraceNumber - 1).at(static_cast<std::size_t>(sample - 1));
 }
 
-template <class Value>
-void TimeReads(State& state, Format format)
+template <Format format>
+bool WriteAll(clsQOR_File& file)
+{
+    return WriteEach([&](std::int32_t sample, float first, float second) {
+        return file.WriteTraceSampleValue(TraceNumber, sample, first, second);
+    });
+}
+
+template <Format format>
+bool WriteAll(Traces<format>& vectors)
+{
+    return WriteEach([&](std::int32_t sample, float first, float second) {
+        return WriteChecked<format>(vectors, TraceNumber, sample, first, second);
+    });
+}
+
+template <Format format>
+void TimeReads(State& state, Figure& figure)
 {
     clsQOR_File file;
     Resize(file, format);
-    WriteAll(file);
-    std::vector<Value> reference(Samples);
-    WriteVector(reference, format);
-    for (auto each : state) {
-        (void)each;
-        TimeBeside(
-            state, [&] { ReadAll(file); }, [&] { ReadVector(reference, format); }, Samples);
-    }
-    if (!Holds(file, format)) state.SkipWithError("wrong samples");
+    WriteAll<format>(file);
+    Traces<format> vectors = MakeVectors<format>();
+    WriteAll<format>(vectors);
+    const auto ours = [&] {
+        return ReadEach([&](std::int32_t sample, float& first, float& second) {
+            return file.ReadTraceSampleValue(TraceNumber, sample, first, second);
+        });
+    };
+    const auto checked = [&] {
+        return ReadEach([&](std::int32_t sample, float& first, float& second) {
+            return ReadChecked<format>(vectors, TraceNumber, sample, first, second);
+        });
+    };
+    const auto inlined = [&] {
+        return ReadEach([&](std::int32_t sample, float& first, float& second) {
+            Part<format>(InlineAt(vectors, sample), first, second);
+            return Success;
+        });
+    };
+    Time(state, figure, {{ours, [&] { return Holds(file, format); }}, {checked}, {inlined}}, Samples);
 }
 
-template <class Value>
-void TimeWrites(State& state, Format format)
+template <Format format>
+void TimeWrites(State& state, Figure& figure)
 {
     clsQOR_File file;
     Resize(file, format);
-    std::vector<Value> reference(Samples);
-    for (auto each : state) {
-        (void)each;
-        TimeBeside(
-            state, [&] { WriteAll(file); }, [&] { WriteVector(reference, format); }, Samples);
-    }
-    if (!Holds(file, format)) state.SkipWithError("wrong samples");
+    Traces<format> vectors = MakeVectors<format>();
+    const auto ours = [&] { return WriteAll<format>(file); };
+    const auto checked = [&] { return WriteAll<format>(vectors); };
+    const auto inlined = [&] {
+        return WriteEach([&](std::int32_t sample, float first, float second) {
+            InlineAt(vectors, sample) = Joined<format>(first, second);
+            return Success;
+        });
+    };
+    Time(state, figure, {{ours, [&] { return Holds(file, format); }}, {checked}, {inlined}}, Samples);
 }
 
-template <class Value>
-void Add(const std::string& name, Format format)
+template <Format format>
+void Add(Report& report, const std::string& name)
 {
-    Register("sample_read_" + name, Runs, [=](State& state) { TimeReads<Value>(state, format); });
-    Register("sample_write_" + name, Runs, [=](State& state) { TimeWrites<Value>(state, format); });
+    const auto add = [&](const std::string& what, auto function) {
+        Figure& figure = report.Add({.name = what + name,
+                                     .references = {{"checked vector", "", 3}, {"inlined at()", "_to_inlined"}},
+                                     .unit = "ns"});
+        Register(figure, Runs, function);
+    };
+    add("sample_read_", TimeReads<format>);
+    add("sample_write_", TimeWrites<format>);
 }
 
 // ---- whole traces ------------------------------------------------------------------------------------------
@@ -213,39 +228,45 @@ struct WholeTrace {
 
 using Work = void (WholeTrace::*)();
 
-void TimeTrace(State& state, Format format, Work work, Work reference)
+void TimeTrace(State& state, Figure& figure, Format format, Work work, Work reference)
 {
     WholeTrace trace(format);
     trace.Write();
     trace.Copy();
-    for (auto each : state) {
-        (void)each;
-        TimeBeside(
-            state, [&] { (trace.*work)(); }, [&] { (trace.*reference)(); });
-    }
+    const auto party = [&](Work each) {
+        return Party{[&trace, each] {
+            (trace.*each)();
+            return true;
+        }};
+    };
+    Time(state, figure, {party(work), party(reference)});
     if (!trace.Holds()) state.SkipWithError("wrong samples");
 }
 
-void AddTrace(const std::string& name, Format format)
+void AddTrace(Report& report, const std::string& name, Format format)
 {
-    const auto add = [&](const std::string& figure, Work work, Work reference) {
-        Register(figure + name, Runs, [=](State& state) { TimeTrace(state, format, work, reference); });
+    const auto add = [&](const std::string& what, Work work, Work reference, const char* beside) {
+        Figure& figure = report.Add({.name = what + name, .references = {{beside}}});
+        Register(figure, TraceRuns,
+                 [=](State& state, Figure& each) { TimeTrace(state, each, format, work, reference); });
     };
-    add("trace_read_", &WholeTrace::Read, &WholeTrace::Copy);
-    add("trace_write_", &WholeTrace::Write, &WholeTrace::Copy);
-    add("one_by_one_read_", &WholeTrace::ReadOneByOne, &WholeTrace::Read);
-    add("one_by_one_write_", &WholeTrace::WriteOneByOne, &WholeTrace::Write);
+    add("trace_read_", &WholeTrace::Read, &WholeTrace::Copy, "memcpy");
+    add("trace_write_", &WholeTrace::Write, &WholeTrace::Copy, "memcpy");
+    add("one_by_one_read_", &WholeTrace::ReadOneByOne, &WholeTrace::Read, "the one call");
+    add("one_by_one_write_", &WholeTrace::WriteOneByOne, &WholeTrace::Write, "the one call");
 }
 
 } // namespace
 
-void RegisterSampleBenchmarks()
+void RegisterSampleBenchmarks(Report& report)
 {
-    Add<float>("real", DataFormat_Real);
-    Add<std::complex<float>>("complex", DataFormat_RealImaginary);
-    Add<std::complex<float>>("magnitude_phase", DataFormat_MgnitudePhase);
-    AddTrace("real", DataFormat_Real);
-    AddTrace("complex", DataFormat_RealImaginary);
+    report.Begin("A member for one sample", "A call, of 16,384 for a trace.");
+    Add<DataFormat_Real>(report, "real");
+    Add<DataFormat_RealImaginary>(report, "complex");
+    Add<DataFormat_MgnitudePhase>(report, "magnitude_phase");
+    report.Begin("A trace in one call", "1,000,000 samples by FileArrays, and by the members for one.");
+    AddTrace(report, "real", DataFormat_Real);
+    AddTrace(report, "complex", DataFormat_RealImaginary);
 }
 
 } // namespace qor::bench

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// Samples read and written one by one, by the published members, beside loops over a vector; and whole traces by one
-// call, beside a plain copy and beside the members.
+// Samples read and written one by one, by the published members, beside vectors whose bounds are checked; and whole
+// traces by one call, beside a plain copy and beside the members.
 #pragma once
+
+#include "Report.h"
 
 namespace qor::bench {
 
-void RegisterSampleBenchmarks();
+void RegisterSampleBenchmarks(Report& report);
 
 } // namespace qor::bench

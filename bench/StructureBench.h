@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// Structures built, saved and loaded by the published members: a large one beside plain writes and reads of its
-// bytes, and growing ones, time an element, beside small ones.
+// A large Structure built, saved and loaded by the published members, beside HDF5 and plain writes and reads.
 #pragma once
 
+#include "MemoryUse.h"
 #include "PlainFile.h"
 
 namespace qor::bench {
 
-// Makes the Structures' files in the folder.
-void RegisterStructureBenchmarks(const WorkFolder& folder);
+void MeasureStructureMemory(PeakMeter& meter, const WorkFolder& folder);
+
+// Makes the Structure's files in the folder.
+void RegisterStructureBenchmarks(Report& report, const WorkFolder& folder);
 
 } // namespace qor::bench

@@ -129,30 +129,36 @@ struct Trace {
 
 } // namespace
 
-void BenchArrays()
+void BenchArrays(Report& report)
 {
+    report.Begin("Calls in bulk, " WORD_SIZE,
+                 "100,000 real samples in one call, early and late bound, and by a call each.");
     const auto factory = FactoryOf(__uuidof(clsQOR_File));
     Trace trace(*factory.Get());
     const auto copy = [&] { trace.Copy(); };
     const auto readAll = [&] { trace.ReadAll(); };
     const auto writeAll = [&] { trace.WriteAll(); };
-    Compare("trace_write", 5, writeAll, copy);
-    Compare("trace_read", 5, readAll, copy);
-    Compare("trace_read_to_new_array", 5, readAll, [&] { trace.CopyToNewArray(); });
-    Compare(
-        "one_by_one_write", 1, [&] { trace.WriteEach(); }, writeAll);
-    Compare(
-        "one_by_one_read", 1, [&] { trace.ReadEach(); }, readAll);
+    const auto besideCopy = [&](const char* name, auto work) { Compare(report, name, 5, work, "memcpy", copy); };
+    const auto besideOneCall = [&](const char* name, auto work, auto oneCall) {
+        Compare(report, name, 1, work, "the one call", oneCall);
+    };
+    besideCopy("trace_write", writeAll);
+    besideCopy("trace_read", readAll);
+    Compare(report, "trace_read_to_new_array", 5, readAll, "copy to a new one", [&] { trace.CopyToNewArray(); });
+    besideOneCall(
+        "one_by_one_write", [&] { trace.WriteEach(); }, writeAll);
+    besideOneCall(
+        "one_by_one_read", [&] { trace.ReadEach(); }, readAll);
     Require(trace.Holds(), "samples");
     const auto lateRead = [&] { trace.LateAll(L"ReadTraceSamples"); };
     const auto lateWrite = [&] { trace.LateAll(L"WriteTraceSamples"); };
-    Compare("late_trace_write", 5, lateWrite, copy);
-    Compare("late_trace_read", 5, lateRead, copy);
+    besideCopy("late_trace_write", lateWrite);
+    besideCopy("late_trace_read", lateRead);
     Require(trace.Holds(), "samples late bound");
-    Compare(
-        "late_one_by_one_read", 1, [&] { trace.LateEach(L"ReadTraceSampleValue"); }, lateRead);
-    Compare(
-        "late_one_by_one_write", 1, [&] { trace.LateEach(L"WriteTraceSampleValue"); }, lateWrite);
+    besideOneCall(
+        "late_one_by_one_read", [&] { trace.LateEach(L"ReadTraceSampleValue"); }, lateRead);
+    besideOneCall(
+        "late_one_by_one_write", [&] { trace.LateEach(L"WriteTraceSampleValue"); }, lateWrite);
 }
 
 } // namespace qor::bench

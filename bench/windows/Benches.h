@@ -6,9 +6,11 @@
 
 namespace qor::bench {
 
+class Report;
+
 // Single calls and new objects, early and late bound.
-void BenchCalls();
+void BenchCalls(Report& report);
 // Whole arrays.
-void BenchArrays();
+void BenchArrays(Report& report);
 
 } // namespace qor::bench

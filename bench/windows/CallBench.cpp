@@ -27,46 +27,42 @@ void Fill(_clsQOR_File& file)
     SysFreeString(label);
 }
 
-void BenchEarly(_clsQOR_File& file)
+void BenchEarly(Report& report, _clsQOR_File& file)
 {
+    report.Begin("Calls through the vtable, " WORD_SIZE, "A member called through its interface.");
+    const auto compare = [&](const char* name, auto work) {
+        Compare(report, name, Calls, work, "an empty call", doNothing);
+    };
     LONG trace = 2;
     LONG sample = 500;
     float real = 1.5F;
     float imaginary = 0;
     ReturnStatus status = Failure;
-    Compare(
-        "vtable_read_sample", Calls, [&] { file.ReadTraceSampleValue(&trace, &sample, &real, &imaginary, &status); },
-        doNothing);
-    Compare(
-        "vtable_write_sample", Calls, [&] { file.WriteTraceSampleValue(&trace, &sample, &real, &imaginary, &status); },
-        doNothing);
+    compare("vtable_read_sample", [&] { file.ReadTraceSampleValue(&trace, &sample, &real, &imaginary, &status); });
+    compare("vtable_write_sample", [&] { file.WriteTraceSampleValue(&trace, &sample, &real, &imaginary, &status); });
     Require(status == Success, "early-bound call");
-    Compare(
-        "vtable_trace_label", Calls,
-        [&] {
-            BSTR label = nullptr;
-            file.get_Trace_Label(2, &label);
-            SysFreeString(label);
-        },
-        doNothing);
+    compare("vtable_trace_label", [&] {
+        BSTR label = nullptr;
+        file.get_Trace_Label(2, &label);
+        SysFreeString(label);
+    });
     // What is not the library's in it: a text that is made and freed.
-    Compare(
-        "vtable_text_alone", Calls, [] { SysFreeString(SysAllocString(L"1Z:3Z")); }, doNothing);
+    compare("vtable_text_alone", [] { SysFreeString(SysAllocString(L"1Z:3Z")); });
     ErrorStatusTypes error = NoError;
-    Compare(
-        "vtable_error_status", Calls, [&] { file.get_ErrorStatus(&error); }, doNothing);
+    compare("vtable_error_status", [&] { file.get_ErrorStatus(&error); });
     Require(error == NoError, "error status");
 }
 
-void BenchLate(_clsQOR_File& file)
+void BenchLate(Report& report, _clsQOR_File& file)
 {
+    report.Begin("Calls late bound, " WORD_SIZE, "IDispatch::Invoke.");
     LONG trace = 2;
     LONG sample = 500;
     float real = 1.5F;
     float imaginary = 0;
-    const auto compare = [](const char* name, LateCall&& call) {
+    const auto compare = [&](const char* name, LateCall&& call) {
         Compare(
-            name, LateCalls, [&] { call.ByObject(); }, [&] { call.ByStock(); });
+            report, name, LateCalls, [&] { call.ByObject(); }, "the stock dispatcher", [&] { call.ByStock(); }, 1);
     };
     const auto exact = {Reference(trace), Reference(sample), Reference(real), Reference(imaginary)};
     compare("late_read_sample", {file, L"ReadTraceSampleValue", DISPATCH_METHOD, exact});
@@ -82,39 +78,41 @@ void BenchLate(_clsQOR_File& file)
         LateCall call(file, member, DISPATCH_METHOD, inVariables);
         LateCall exactly(file, member, DISPATCH_METHOD, exact);
         Compare(
-            name, LateCalls, [&] { call.ByObject(); }, [&] { exactly.ByStock(); });
+            report, name, LateCalls, [&] { call.ByObject(); }, "stock, exact types", [&] { exactly.ByStock(); });
     };
     besideExact("late_variables_read_sample", L"ReadTraceSampleValue");
     besideExact("late_variables_write_sample", L"WriteTraceSampleValue");
 }
 
-void BenchCreation(IClassFactory& factory)
+void BenchCreation(Report& report, IClassFactory& factory)
 {
+    report.Begin("New objects, " WORD_SIZE, "Made, called late bound for the first time where told, and released.");
     const auto create = [&] { Create<_clsQOR_File>(factory); };
-    Compare("create", Objects, create, doNothing);
+    Compare(report, "create", Objects, create, "an empty call", doNothing);
     LONG number = 0;
     const auto createAndCallLate = [&] {
         const auto file = Create<_clsQOR_File>(factory);
         LateCall(*file.Get(), L"DataBlock_NumberOfTraces", DISPATCH_PROPERTYGET, {}).ByObject();
     };
-    Compare("create_late_first", 5, createAndCallLate, create); // the type library is read anew each time
+    Compare(report, "create_late_first", 5, createAndCallLate, "create",
+            create); // the type library is read anew each time
     const auto other = Create<_clsQOR_File>(factory);
     LateCall(*other.Get(), L"DataBlock_NumberOfTraces", DISPATCH_PROPERTYGET, {}).ByObject();
-    Compare("create_late_again", Objects, createAndCallLate, create); // another object has read it
+    Compare(report, "create_late_again", Objects, createAndCallLate, "create", create); // another object has read it
     other->get_DataBlock_NumberOfTraces(&number);
     Require(number == 0, "new documents");
 }
 
 } // namespace
 
-void BenchCalls()
+void BenchCalls(Report& report)
 {
     const auto factory = FactoryOf(__uuidof(clsQOR_File));
-    BenchCreation(*factory.Get());
+    BenchCreation(report, *factory.Get());
     const auto file = Create<_clsQOR_File>(*factory.Get());
     Fill(*file.Get());
-    BenchEarly(*file.Get());
-    BenchLate(*file.Get());
+    BenchEarly(report, *file.Get());
+    BenchLate(report, *file.Get());
 }
 
 } // namespace qor::bench

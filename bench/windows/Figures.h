@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The QOR_File authors
 //
-// Times work beside its reference and prints the medians: a line of a table, and one line "ratio NAME VALUE" a figure.
+// Times work beside its reference, for the report.
 #pragma once
 
-#include <string>
-#include <vector>
+#include "../Report.h"
+
 #include <windows.h>
+
+#ifdef _WIN64
+#define WORD_SIZE "64 bits"
+#else
+#define WORD_SIZE "32 bits"
+#endif
 
 namespace qor::bench {
 
@@ -27,31 +33,23 @@ double SecondsOf(Work& work, int times)
     return Now() - start;
 }
 
-struct Times {
-    std::vector<double> work;
-    std::vector<double> reference;
-};
-
-// Prints the figures of work that took that long, in seconds.
-void Print(const std::string& name, const Times& times);
-
 // One figure: both are run that many times a round, one right after the other, so that what else the machine does meets
 // both alike; every other round the reference goes first.
 template <class Work, class Reference>
-void Compare(const std::string& name, int timesARound, Work work, Reference reference)
+void Compare(Report& report, const char* name, int timesARound, Work work, const char* beside, Reference reference,
+             std::optional<double> atMost = {})
 {
     constexpr int Rounds = 101;
-    Times times;
+    Figure& figure = report.Add({.name = name, .references = {{beside, "", atMost}}});
     for (int round = 0; round <= Rounds; ++round) {
         const bool referenceFirst = round % 2 == 1;
         double referenceSeconds = referenceFirst ? SecondsOf(reference, timesARound) : 0;
         const double workSeconds = SecondsOf(work, timesARound);
         if (!referenceFirst) referenceSeconds = SecondsOf(reference, timesARound);
         if (round == 0) continue; // fills caches
-        times.work.push_back(workSeconds / timesARound);
-        times.reference.push_back(referenceSeconds / timesARound);
+        figure.seconds.push_back(workSeconds / timesARound);
+        figure.references[0].seconds.push_back(referenceSeconds / timesARound);
     }
-    Print(name, times);
 }
 
 } // namespace qor::bench

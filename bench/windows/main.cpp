@@ -5,14 +5,16 @@
 // was wrong, never for its time.
 #include "Benches.h"
 #include "Client.h"
+#include "Figures.h"
 
 int main()
 {
     using namespace qor::bench;
     Require(SUCCEEDED(CoInitialize(nullptr)), "no apartment");
-    std::printf("%-34s %15s %15s %9s\n", "", "median", "reference", "ratio");
-    BenchCalls();
-    BenchArrays();
+    Report report;
+    BenchCalls(report);
+    BenchArrays(report);
     CoUninitialize();
+    report.Print();
     return 0;
 }
