@@ -71,11 +71,9 @@ private:
     bool MoveTo(std::int32_t capacity)
     {
         if (Bytes(capacity) > platform::UsableMemory()) return false;
-        auto* const fresh = static_cast<T*>(platform::AllocateZeroed(Bytes(capacity)));
-        if (!fresh) return false;
-        std::copy_n(data_, count_, fresh);
-        platform::FreeZeroed(data_, Bytes(capacity_));
-        data_ = fresh;
+        void* const grown = platform::GrowZeroed(data_, Bytes(capacity_), Bytes(capacity));
+        if (!grown) return false;
+        data_ = static_cast<T*>(grown);
         capacity_ = capacity;
         return true;
     }

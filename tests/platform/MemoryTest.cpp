@@ -48,6 +48,46 @@ TEST(AllocateZeroed, GivesZerosAgainAfterTheMemoryWasUsed)
     }
 }
 
+TEST(GrowZeroed, KeepsWhatThereWasAndGivesZerosBehindIt)
+{
+    for (const std::size_t size : Sizes) {
+        for (const std::size_t larger : Sizes) {
+            if (larger <= size) continue;
+            auto* const memory = static_cast<unsigned char*>(AllocateZeroed(size));
+            ASSERT_NE(memory, nullptr) << size;
+            for (std::size_t i = 0; i < size; ++i) memory[i] = static_cast<unsigned char>(i % 251 + 1);
+            auto* const grown = static_cast<unsigned char*>(GrowZeroed(memory, size, larger));
+            ASSERT_NE(grown, nullptr) << size << " to " << larger;
+            std::size_t same = 0;
+            while (same < size && grown[same] == same % 251 + 1) ++same;
+            EXPECT_EQ(same, size) << "to " << larger;
+            EXPECT_EQ(std::count(grown + size, grown + larger, 0), static_cast<std::ptrdiff_t>(larger - size)) << size;
+            std::fill_n(grown, larger, static_cast<unsigned char>(0xFF));
+            FreeZeroed(grown, larger);
+        }
+    }
+}
+
+TEST(GrowZeroed, OfNoMemoryIsNew)
+{
+    auto* const memory = static_cast<unsigned char*>(GrowZeroed(nullptr, 0, 100));
+    ASSERT_NE(memory, nullptr);
+    EXPECT_EQ(std::count(memory, memory + 100, 0), 100);
+    FreeZeroed(memory, 100);
+}
+
+TEST(GrowZeroed, LeavesTheMemoryWhereThereIsNoMore)
+{
+    for (const std::size_t size : {std::size_t{100}, 2 * HugePage}) {
+        auto* const memory = static_cast<unsigned char*>(AllocateZeroed(size));
+        ASSERT_NE(memory, nullptr);
+        memory[size - 1] = 7;
+        EXPECT_EQ(GrowZeroed(memory, size, SIZE_MAX / 2), nullptr);
+        EXPECT_EQ(memory[size - 1], 7);
+        FreeZeroed(memory, size);
+    }
+}
+
 TEST(AllocateZeroed, GivesPiecesThatDoNotOverlap)
 {
     for (const std::size_t size : Sizes) {

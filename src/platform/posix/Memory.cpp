@@ -3,6 +3,7 @@
 #include "platform/Memory.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -22,6 +23,17 @@ std::size_t MappedSize(std::size_t bytes)
     const std::size_t wholePages = RoundedUp(bytes, HugePage);
     if (wholePages - bytes <= bytes / 20) return wholePages;
     return RoundedUp(bytes, static_cast<std::size_t>(sysconf(_SC_PAGESIZE)));
+}
+
+// Takes the pages along to memory of that many bytes or more, which they replace there; nothing is copied. False where
+// the system cannot.
+bool MovePages(void* from, std::size_t bytes, void* to)
+{
+#ifdef MREMAP_FIXED
+    return mremap(from, bytes, bytes, MREMAP_MAYMOVE | MREMAP_FIXED, to) != MAP_FAILED;
+#else
+    return false;
+#endif
 }
 
 } // namespace
@@ -53,6 +65,20 @@ void FreeZeroed(void* memory, std::size_t bytes) noexcept
     } else {
         std::free(memory);
     }
+}
+
+void* GrowZeroed(void* memory, std::size_t bytes, std::size_t newBytes) noexcept
+{
+    void* fresh = AllocateZeroed(newBytes);
+    if (fresh && IsMapped(bytes)) {
+        if (MovePages(memory, MappedSize(bytes), fresh)) return fresh;
+        FreeZeroed(fresh, newBytes); // the system may have taken a part of it
+        fresh = AllocateZeroed(newBytes);
+    }
+    if (!fresh) return nullptr;
+    if (bytes > 0) std::memcpy(fresh, memory, bytes);
+    FreeZeroed(memory, bytes);
+    return fresh;
 }
 
 std::uint64_t UsableMemory() noexcept

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <windows.h>
 
 namespace qor::platform {
@@ -40,6 +41,15 @@ void FreeZeroed(void* memory, std::size_t bytes) noexcept
     } else {
         VirtualFree(memory, 0, MEM_RELEASE);
     }
+}
+
+void* GrowZeroed(void* memory, std::size_t bytes, std::size_t newBytes) noexcept
+{
+    void* const fresh = AllocateZeroed(newBytes);
+    if (!fresh) return nullptr;
+    if (bytes > 0) std::memcpy(fresh, memory, bytes);
+    FreeZeroed(memory, bytes);
+    return fresh;
 }
 
 std::uint64_t UsableMemory() noexcept
