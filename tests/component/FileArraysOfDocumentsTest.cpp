@@ -225,6 +225,20 @@ TEST(ShapeValues, ThatTheMatrixLacksStayAsPassed)
     EXPECT_EQ(FileArrays().NumberOfDOFs(), 4) << "that of the records";
 }
 
+TEST(ShapeValues, OfAShapeThatTheMatrixLacksStayAsPassed)
+{
+    clsQOR_File file;
+    clsQOR_File other;
+    SizeShapes(file, 3, 2);
+    SizeShapes(other, 1, 2);
+    NumberValues(other);
+
+    EXPECT_EQ(ReadShapeRow(FileArrays(file), 2, 2, 2),
+              (ArrayRead{Success, Values(2, UntouchedFirst), Values(2, UntouchedSecond)}));
+    EXPECT_EQ(FileArrays(file).WriteShapeDOFvalues(2, Values{7, 8}, {}), Success);
+    EXPECT_EQ(ReadShapeRow(FileArrays(other), 1, 2, 0), Holds({101, 102}, {}));
+}
+
 TEST(ShapeValues, AreCountedByTheObjectThatSizedThem)
 {
     clsQOR_File maker;

@@ -73,6 +73,21 @@ TEST(Load_OddRecords, AppendModeOfARecordInAListDoesNotReachTheRecordAround)
     EXPECT_EQ(loaded.block.NumberOfTraces, 3);
 }
 
+TEST(Load_OddRecords, CountsThatAddUpToTooFewFailButReadingGoesOn)
+{
+    const Loaded loaded = LoadBytes(DataBlockFile()
+                                        .Field(1, Int16(1))
+                                        .Field(3, Int16(-32768))
+                                        .Field(3, Int16(-1))
+                                        .Field(2, Text(u"behind"))
+                                        .Build());
+
+    EXPECT_EQ(loaded.status, Failure);
+    EXPECT_EQ(loaded.error, NoError);
+    EXPECT_EQ(loaded.block.NumberOfTraces, -32768);
+    EXPECT_EQ(loaded.block.Label, u"behind");
+}
+
 TEST(Load_OddRecords, AnUnknownTagMayBeTheLastOfItsRecord)
 {
     const Bytes fields = Int16(4) + Int32(5) + Int16(200);
