@@ -2,16 +2,10 @@
 // Copyright (c) 2026 The QOR_File authors
 //
 // Fuzz target: any bytes as a Data Block file. What must hold of them stands in support/Exercise.h.
+#include "fuzz/FuzzTarget.h"
 #include "support/Exercise.h"
-
-#include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string violation = qor::test::Exercise(qor::test::Bytes(data, data + size));
-    if (!violation.empty()) {
-        std::fprintf(stderr, "%s\n", violation.c_str());
-        std::abort();
-    }
-    return 0;
+    return Judge(qor::test::Exercise(qor::test::Bytes(data, data + size)));
 }

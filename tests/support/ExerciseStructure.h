@@ -56,12 +56,11 @@ inline void ChangeElements(clsQOR_File& component, ClassAdd_4& quads)
     component.Structure_NumberOfSurfaceTriangles(1);
 }
 
-// Saves the Structure, reads it back, where all must be there that a file keeps, and saves that: the files must be
-// the same, but for labels of blanks, which are not written and come back as zero characters, which are.
-inline std::string SavingDifference(Structure& structure, const StructureTexts& texts)
+// Reads back what was saved of a Structure: all must be there that a file keeps.
+inline std::string ReadingBackDifference(const Bytes& saved, const Structure& structure, const StructureTexts& texts,
+                                         LoadedStructure& again)
 {
-    const Bytes saved = SavedBytes(structure, texts);
-    LoadedStructure again = LoadStructure(saved);
+    again = LoadStructure(saved);
     if (again.status != Success || again.error != NoError) return "what was saved cannot be read";
     again.structure.LargeStructureFormat = IsLargeVersion(*again.version);
     if (std::string found = Difference(again.structure, AsFiled(structure)); !found.empty()) {
@@ -69,6 +68,16 @@ inline std::string SavingDifference(Structure& structure, const StructureTexts& 
     }
     if (again.texts.Label != Trimmed(texts.Label)) return "read back: label";
     if (again.texts.Notes != Trimmed(texts.Notes)) return "read back: notes";
+    return "";
+}
+
+// Saves the Structure, reads it back, and saves that: the files must be the same, but for labels of blanks, which are
+// not written and come back as zero characters, which are.
+inline std::string SavingDifference(Structure& structure, const StructureTexts& texts)
+{
+    const Bytes saved = SavedBytes(structure, texts);
+    LoadedStructure again;
+    if (std::string found = ReadingBackDifference(saved, structure, texts, again); !found.empty()) return found;
     for (std::int32_t number = 1; number <= again.structure.NumberOfVertexPoints; ++number) {
         if (!Trimmed(TextOf(structure.VertexPoints[number].Label)).empty()) continue;
         again.structure.VertexPoints[number].Label.fill(u' ');
