@@ -24,7 +24,7 @@ constexpr std::array<char16_t, 32> Windows1252 = {
 char16_t FromWindows1252(std::byte byte)
 {
     const auto code = std::to_integer<std::uint8_t>(byte);
-    return code >= 0x80 && code < 0xA0 ? Windows1252[code - 0x80u] : char16_t{code};
+    return code >= 0x80 && code < 0xA0 ? Windows1252[code - 0x80U] : char16_t{code};
 }
 
 std::byte UpperCase(std::byte letter)
@@ -71,7 +71,7 @@ void SavePreamble(RecordWriter& file, std::string_view identification, std::int1
     file.PutBytes(std::as_bytes(std::span(identification)));
     file.PutBytes(std::as_bytes(std::span("\r\n", 2)));
     file.PutInt16(version);
-    file.PutZeros(2 * ReservedWords);
+    file.PutZeros(std::int64_t{2} * ReservedWords);
 }
 
 std::optional<std::int16_t> FindPreamble(RecordReader& file)
@@ -92,13 +92,12 @@ void SaveString(RecordWriter& file, std::u16string_view text)
     for (const char16_t unit : text) file.PutInt16(static_cast<std::int16_t>(unit));
 }
 
-std::u16string LoadCharacters(RecordReader& file, std::int32_t claimed)
+std::u16string LoadCharacters(RecordReader& file, std::int32_t count)
 {
-    const std::int64_t count = claimed;
     std::u16string text;
     if (count <= 0) return text;
     // No more room than the file has characters for, whatever the count claims.
-    const std::int64_t whole = std::min(count, file.BytesLeft() / 2);
+    const std::int64_t whole = std::min<std::int64_t>(count, file.BytesLeft() / 2);
     text.reserve(static_cast<std::size_t>(whole));
     for (std::int64_t i = 0; i < whole; ++i) text += static_cast<char16_t>(file.GetInt16());
     if (whole < count) file.Skip(2 * (count - whole));

@@ -56,8 +56,8 @@ Reduced ReduceLarge(double radians)
 
     // The window starts at the bit of weight 2^-(skipped + 1).
     const int skipped = exponent > 2 ? exponent - 2 : 0;
-    const auto word = [&](int index) {
-        const auto first = static_cast<std::size_t>(skipped / 32 + index);
+    const auto word = [&](std::size_t index) {
+        const std::size_t first = static_cast<std::size_t>(skipped / 32) + index;
         const int shift = skipped % 32;
         const std::uint64_t pair = (std::uint64_t{twoOverPi[first]} << 32) | twoOverPi[first + 1];
         return static_cast<std::uint32_t>((pair << shift) >> 32);
@@ -69,7 +69,7 @@ Reduced ReduceLarge(double radians)
         const std::uint64_t factor = k == 0 ? integer & 0xFFFFFFFF : integer >> 32;
         std::uint64_t carry = 0;
         for (std::size_t i = 0; i < windowWords; ++i) {
-            const std::uint64_t sum = factor * word(windowWords - 1 - static_cast<int>(i)) + product[i + k] + carry;
+            const std::uint64_t sum = factor * word(windowWords - 1 - i) + product[i + k] + carry;
             product[i + k] = static_cast<std::uint32_t>(sum);
             carry = sum >> 32;
         }
@@ -162,7 +162,7 @@ double ArcTangentOfFraction(double x)
         0x1.819d0b7158a4dp-1,
         QuarterPi,
     };
-    const auto sixteenths = static_cast<std::int32_t>(16 * x + 0.5);
+    const std::int32_t sixteenths = static_cast<std::int32_t>(32 * x + 1) / 2;
     const double near = sixteenths / 16.0;
     return ofSixteenths[static_cast<std::size_t>(sixteenths)] + SmallArcTangent((x - near) / (1 + x * near));
 }

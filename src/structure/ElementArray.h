@@ -35,6 +35,7 @@ public:
     std::int32_t Count() const { return count_; }
     bool Has(std::int32_t index) const { return index >= 1 && index <= count_; }
     const T& operator[](std::int32_t index) const { return data_[index - 1]; }
+    // NOLINTNEXTLINE(clang-analyzer-core.uninitialized.UndefReturn): it does not see that a new array has no elements
     T& operator[](std::int32_t index) { return data_[index - 1]; }
 
     void Release() { *this = ElementArray(); }
