@@ -53,7 +53,8 @@ HRESULT FailedByException() noexcept
         } catch (const std::bad_alloc&) {
             description.clear();
         }
-        return Failed(static_cast<HRESULT>(RuntimeFaultBase + static_cast<std::uint32_t>(fault.Number())), description);
+        const auto number = RuntimeFaultBase + static_cast<std::uint32_t>(fault.Number());
+        return Failed(static_cast<HRESULT>(number), description);
     } catch (const std::bad_alloc&) {
         return Failed(E_OUTOFMEMORY, u"Out of memory");
     } catch (...) {

@@ -31,6 +31,7 @@ void __stdcall Free(void* exceptions)
     if (!qor::platform::ProcessIsEnding()) std::free(exceptions);
 }
 
+// NOLINTNEXTLINE(cert-err58-cpp): made when the library is compiled
 constinit qor::platform::FiberLocalSlot slot{&Free};
 constinit Exceptions shared; // where there is no memory for a thread's own
 
@@ -59,7 +60,7 @@ extern "C" abi::__cxa_eh_globals* abi::__cxa_get_globals() noexcept
 extern "C" abi::__cxa_eh_globals* abi::__cxa_get_globals_fast() noexcept { return abi::__cxa_get_globals(); }
 
 // The linker puts it in the place of pthread_once, through which 32-bit code finds its exception handlers.
-// NOLINTNEXTLINE(bugprone-reserved-identifier): the name that the linker wants
+// NOLINTNEXTLINE(bugprone-reserved-identifier, readability-non-const-parameter): the linker wants name and parameters
 extern "C" int __wrap_pthread_once(pthread_once_t* once, void (*initialize)())
 {
     constexpr pthread_once_t Done = 1;

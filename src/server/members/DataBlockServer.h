@@ -229,6 +229,7 @@ public:
     }
 
 protected:
+    // NOLINTNEXTLINE(misc-non-private-member-variables-in-classes): the layers above serve their members of the same
     clsQOR_File file_;
 };
 
