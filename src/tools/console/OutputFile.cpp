@@ -25,8 +25,8 @@ std::array<char, 4096> removedWhenInterrupted;
 extern "C" void RemoveAndEnd(int signal)
 {
     if (removedWhenInterrupted[0] != 0) unlink(removedWhenInterrupted.data());
-    std::signal(signal, SIG_DFL);
-    std::raise(signal);
+    static_cast<void>(std::signal(signal, SIG_DFL));
+    static_cast<void>(std::raise(signal));
 }
 
 void RemoveWhenInterrupted(const std::string& path)
@@ -35,7 +35,7 @@ void RemoveWhenInterrupted(const std::string& path)
     std::memcpy(removedWhenInterrupted.data(), path.c_str(), path.size() + 1);
     for (const int signal : Interruptions) {
         // One that is ignored, as under nohup, stays so.
-        if (std::signal(signal, &RemoveAndEnd) == SIG_IGN) std::signal(signal, SIG_IGN);
+        if (std::signal(signal, &RemoveAndEnd) == SIG_IGN) static_cast<void>(std::signal(signal, SIG_IGN));
     }
 }
 

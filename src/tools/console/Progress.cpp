@@ -21,15 +21,16 @@ Progress::Progress(std::string_view work, std::uint64_t total)
 
 Progress::~Progress()
 {
-    if (shown_) std::fputs("\r\x1B[K", stderr);
+    if (shown_) static_cast<void>(std::fputs("\r\x1B[K", stderr)); // who cannot see it misses nothing
 }
 
 void Progress::Update(std::uint64_t done)
 {
     if (!wanted_ || Clock::now() < next_) return;
     next_ = Clock::now() + std::chrono::milliseconds(200);
-    std::fputs(fmt::format("\r{}: {}%", work_, std::min<std::uint64_t>(100, done * 100 / total_)).c_str(), stderr);
-    std::fflush(stderr);
+    const std::uint64_t percent = std::min<std::uint64_t>(100, done * 100 / total_);
+    static_cast<void>(std::fputs(fmt::format("\r{}: {}%", work_, percent).c_str(), stderr));
+    static_cast<void>(std::fflush(stderr));
     shown_ = true;
 }
 

@@ -9,14 +9,14 @@ namespace {
 
 bool IsDigit(char letter) { return letter >= '0' && letter <= '9'; }
 
-// Takes a stamp apart from its front. Once something did not fit, ok is false for good.
+// Takes a stamp apart from its front. Once something did not fit, it is not good any more.
 class Scanner
 {
 public:
     explicit Scanner(std::string_view text) : rest_(text) {}
 
-    bool ok = true;
-
+    bool Good() const { return good_; }
+    void Refuse() { good_ = false; }
     bool AtEnd() const { return rest_.empty(); }
     bool Sees(std::string_view letters) const
     {
@@ -26,7 +26,7 @@ public:
     char Take(std::string_view letters)
     {
         if (!Sees(letters)) {
-            ok = false;
+            Refuse();
             return 0;
         }
         const char letter = rest_.front();
@@ -42,7 +42,7 @@ public:
             value = value * 10 + (rest_.front() - '0');
             rest_.remove_prefix(1);
         }
-        if (digits < least) ok = false;
+        if (digits < least) Refuse();
         return value;
     }
     // The digits of a fraction, as nanoseconds.
@@ -53,12 +53,13 @@ public:
             if (digits < 9) value = value * 10 + (rest_.front() - '0');
             rest_.remove_prefix(1);
         }
-        if (digits == 0) ok = false;
+        if (digits == 0) Refuse();
         for (int place = digits; place < 9; ++place) value *= 10;
         return value;
     }
 
 private:
+    bool good_ = true;
     std::string_view rest_;
 };
 
@@ -71,7 +72,7 @@ std::int64_t ScanOffset(Scanner& scanner)
     const int hours = scanner.Number(2, 2);
     if (scanner.Sees(":")) scanner.Take(":");
     const int minutes = scanner.AtEnd() ? 0 : scanner.Number(2, 2);
-    if (hours > 14 || minutes > 59) scanner.ok = false;
+    if (hours > 14 || minutes > 59) scanner.Refuse();
     const std::int64_t seconds = hours * 3600 + minutes * 60;
     return sign == '-' ? -seconds : seconds;
 }
@@ -101,7 +102,7 @@ std::optional<TimeStamp> ParseTimeStamp(std::string_view text)
         }
     }
     const std::int64_t offset = ScanOffset(scanner);
-    if (!scanner.ok || !scanner.AtEnd() || hour > 23 || minute > 59 || second > 60) return std::nullopt;
+    if (!scanner.Good() || !scanner.AtEnd() || hour > 23 || minute > 59 || second > 60) return std::nullopt;
 
     const auto calendarDay = date::year(year) / month / day;
     if (!calendarDay.ok()) return std::nullopt;
