@@ -100,7 +100,8 @@ public:
     // The next bytes as they are, a few hundred at the most.
     std::vector<std::uint8_t> Block()
     {
-        const std::size_t size = std::min<std::size_t>(Byte() * std::size_t{2}, bytes_.size());
+        const std::size_t wanted = std::size_t{2} * Byte(); // of the bytes that are left then
+        const std::size_t size = std::min(wanted, bytes_.size());
         const std::vector<std::uint8_t> block(bytes_.begin(), bytes_.begin() + static_cast<std::ptrdiff_t>(size));
         bytes_ = bytes_.subspan(size);
         return block;
