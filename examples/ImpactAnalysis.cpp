@@ -64,7 +64,7 @@ Mode FitMode(const Analysis& analysis, std::size_t peak)
 {
     constexpr std::size_t reach = 2; // lines to either side
     constexpr double lines = 2 * reach + 1;
-    Complex slopeAbove, offsets;
+    Complex slopeAbove;
     double slopeBelow = 0;
     struct Mean {
         Complex response, product;
