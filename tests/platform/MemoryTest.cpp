@@ -3,10 +3,31 @@
 #include "platform/Memory.h"
 
 #include <algorithm>
+#include <cstdarg>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <string>
+#include <sys/mman.h>
 #include <unistd.h>
+
+namespace {
+
+bool pagesCanMove = true;
+
+}
+
+// The linker puts it in the place of the system's.
+extern "C" {
+void* __real_mremap(void*, std::size_t, std::size_t, int, ...);
+void* __wrap_mremap(void* from, std::size_t bytes, std::size_t newBytes, int flags, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, flags);
+    void* const to = va_arg(arguments, void*);
+    va_end(arguments);
+    return pagesCanMove ? __real_mremap(from, bytes, newBytes, flags, to) : MAP_FAILED;
+}
+}
 
 namespace qor::platform {
 namespace {
@@ -48,7 +69,7 @@ TEST(AllocateZeroed, GivesZerosAgainAfterTheMemoryWasUsed)
     }
 }
 
-TEST(GrowZeroed, KeepsWhatThereWasAndGivesZerosBehindIt)
+void ExpectGrowth()
 {
     for (const std::size_t size : Sizes) {
         for (const std::size_t larger : Sizes) {
@@ -66,6 +87,15 @@ TEST(GrowZeroed, KeepsWhatThereWasAndGivesZerosBehindIt)
             FreeZeroed(grown, larger);
         }
     }
+}
+
+TEST(GrowZeroed, KeepsWhatThereWasAndGivesZerosBehindIt) { ExpectGrowth(); }
+
+TEST(GrowZeroed, CopiesWhereThePagesCannotMove)
+{
+    pagesCanMove = false;
+    ExpectGrowth();
+    pagesCanMove = true;
 }
 
 TEST(GrowZeroed, OfNoMemoryIsNew)

@@ -72,7 +72,8 @@ void* GrowZeroed(void* memory, std::size_t bytes, std::size_t newBytes) noexcept
     void* fresh = AllocateZeroed(newBytes);
     if (fresh && IsMapped(bytes)) {
         if (MovePages(memory, MappedSize(bytes), fresh)) return fresh;
-        FreeZeroed(fresh, newBytes); // the system may have taken a part of it
+        // The system may have given up a part of it, and another thread got that since. So the addresses, which is all
+        // that it takes, stay lost.
         fresh = AllocateZeroed(newBytes);
     }
     if (!fresh) return nullptr;
