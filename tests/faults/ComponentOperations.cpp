@@ -23,32 +23,14 @@ const std::vector<Operation>& ComponentOperations()
              w.other.emplace();
              Fill(w);
          },
-         [](World& w) {
-             w.other.reset();
-             return Answer();
-         },
-         NeverAsks},
+         Sets([](World& w) { w.other.reset(); }), NeverAsks},
 
         {"clsQOR_File::ErrorStatus get", Fill, [](World& w) { return Number(w.file.ErrorStatus()); }, NeverAsks},
-        {"clsQOR_File::ErrorStatus set", Fill,
-         [](World& w) {
-             w.file.ErrorStatus(SampleIndexError);
-             return Answer();
-         },
+        {"clsQOR_File::ErrorStatus set", Fill, Sets([](World& w) { w.file.ErrorStatus(SampleIndexError); }),
          KeepsOldErrorText},
-        {"clsQOR_File::ErrorStatus set to none", Fill,
-         [](World& w) {
-             w.file.ErrorStatus(NoError);
-             return Answer();
-         },
-         NeverAsks},
+        {"clsQOR_File::ErrorStatus set to none", Fill, Sets([](World& w) { w.file.ErrorStatus(NoError); }), NeverAsks},
         {"clsQOR_File::GetLastErrorString", Fill, [](World& w) { return Text(w.file.GetLastErrorString()); }, Throws},
-        {"clsQOR_File::Initialize", Fill,
-         [](World& w) {
-             w.file.Initialize();
-             return Answer();
-         },
-         NeverAsks},
+        {"clsQOR_File::Initialize", Fill, Sets([](World& w) { w.file.Initialize(); }), NeverAsks},
         {"clsQOR_File::DLLversion", Fill, [](World& w) { return Number(w.file.DLLversion()); }, NeverAsks},
 
         // Path names.

@@ -29,128 +29,74 @@ const std::vector<Operation>& DataBlockOperations()
 {
     static const std::vector<Operation> operations = {
         {"clsQOR_File::InitializeDataBlockStorage", Fill,
-         [](World& w) {
-             w.file.InitializeDataBlockStorage();
-             return Answer();
-         },
+         Sets([](World& w) { w.file.InitializeDataBlockStorage(); }),
          NeverAsks},
         {"clsQOR_File::InitializeDataBlockData", Fill,
-         [](World& w) {
-             w.file.InitializeDataBlockData();
-             return Answer();
-         },
+         Sets([](World& w) { w.file.InitializeDataBlockData(); }),
          NeverAsks},
         {"clsQOR_File::DataBlock_Label get", Fill, [](World& w) { return Text(w.file.DataBlock_Label()); }, Throws},
         {"clsQOR_File::DataBlock_Label set", Fill,
-         [](World& w) {
-             w.file.DataBlock_Label(LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_Label(LongText); }),
          Throws},
         {"clsQOR_File::DataBlock_Notes get", Fill, [](World& w) { return Text(w.file.DataBlock_Notes()); }, Throws},
         {"clsQOR_File::DataBlock_Notes set", Fill,
-         [](World& w) {
-             w.file.DataBlock_Notes(LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_Notes(LongText); }),
          Throws},
         {"clsQOR_File::DataBlock_XaxisUnits get", Fill, [](World& w) { return Text(w.file.DataBlock_XaxisUnits()); },
          Throws},
         {"clsQOR_File::DataBlock_XaxisUnits set", Fill,
-         [](World& w) {
-             w.file.DataBlock_XaxisUnits(LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_XaxisUnits(LongText); }),
          Throws},
         {"clsQOR_File::DataBlock_NumberOfSamples get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.DataBlock_NumberOfSamples())); }, NeverAsks},
+         [](World& w) { return Number(w.file.DataBlock_NumberOfSamples()); }, NeverAsks},
         {"clsQOR_File::DataBlock_NumberOfSamples set to a few more, for which there is room", Fill,
-         [](World& w) {
-             w.file.DataBlock_NumberOfSamples(9);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_NumberOfSamples(9); }),
          NeverAsks},
         {"clsQOR_File::DataBlock_NumberOfSamples set to fewer", Fill,
-         [](World& w) {
-             w.file.DataBlock_NumberOfSamples(2);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_NumberOfSamples(2); }),
          NeverAsks},
         {"clsQOR_File::DataBlock_NumberOfSamples set to none", Fill,
-         [](World& w) {
-             w.file.DataBlock_NumberOfSamples(0);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_NumberOfSamples(0); }),
          NeverAsks},
         {"clsQOR_File::DataBlock_NumberOfSamples set to many more", Fill,
-         [](World& w) {
-             w.file.DataBlock_NumberOfSamples(9000);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_NumberOfSamples(9000); }),
          EmptiesDataBlock},
         {"clsQOR_File::DataBlock_NumberOfSamples set to arrays with mappings of their own", Fill,
-         [](World& w) {
-             w.file.DataBlock_NumberOfSamples(600000);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_NumberOfSamples(600000); }),
          EmptiesDataBlock},
         {"clsQOR_File::DataBlock_NumberOfTraces get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.DataBlock_NumberOfTraces())); }, NeverAsks},
+         [](World& w) { return Number(w.file.DataBlock_NumberOfTraces()); }, NeverAsks},
         {"clsQOR_File::DataBlock_NumberOfTraces set to more", Fill,
-         [](World& w) {
-             w.file.DataBlock_NumberOfTraces(600);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_NumberOfTraces(600); }),
          EmptiesDataBlock},
         {"clsQOR_File::DataBlock_NumberOfTraces set to fewer", Fill,
-         [](World& w) {
-             w.file.DataBlock_NumberOfTraces(1);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_NumberOfTraces(1); }),
          NeverAsks},
         {"clsQOR_File::DataBlock_NumberOfTraces set to none", Fill,
-         [](World& w) {
-             w.file.DataBlock_NumberOfTraces(0);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_NumberOfTraces(0); }),
          NeverAsks},
         {"clsQOR_File::DataBlock_TraceDataFormat get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.DataBlock_TraceDataFormat())); }, NeverAsks},
+         [](World& w) { return Number(w.file.DataBlock_TraceDataFormat()); }, NeverAsks},
         {"clsQOR_File::DataBlock_TraceDataFormat set", FillLarge,
-         [](World& w) {
-             w.file.DataBlock_TraceDataFormat(DataFormat_MgnitudePhase);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_TraceDataFormat(DataFormat_MgnitudePhase); }),
          EmptiesDataBlock},
         {"clsQOR_File::DataBlock_XaxisSpacing get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.DataBlock_XaxisSpacing())); }, NeverAsks},
+         [](World& w) { return Number(w.file.DataBlock_XaxisSpacing()); }, NeverAsks},
         {"clsQOR_File::DataBlock_XaxisSpacing set", FillLarge,
-         [](World& w) {
-             w.file.DataBlock_XaxisSpacing(XaxisSpacing_Octave);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_XaxisSpacing(XaxisSpacing_Octave); }),
          EmptiesDataBlock},
         {"clsQOR_File::DataBlock_XaxisSpacing set to uniform", Fill,
-         [](World& w) {
-             w.file.DataBlock_XaxisSpacing(XaxisSpacing_Uniform);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_XaxisSpacing(XaxisSpacing_Uniform); }),
          NeverAsks},
         {"clsQOR_File::DataBlock_XaxisStart get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.DataBlock_XaxisStart())); }, NeverAsks},
+         [](World& w) { return Number(w.file.DataBlock_XaxisStart()); }, NeverAsks},
         {"clsQOR_File::DataBlock_XaxisStart set", Fill,
-         [](World& w) {
-             w.file.DataBlock_XaxisStart(2.5F);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_XaxisStart(2.5F); }),
          NeverAsks},
         {"clsQOR_File::DataBlock_XaxisIncrement get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.DataBlock_XaxisIncrement())); }, NeverAsks},
+         [](World& w) { return Number(w.file.DataBlock_XaxisIncrement()); }, NeverAsks},
         {"clsQOR_File::DataBlock_XaxisIncrement set", Fill,
-         [](World& w) {
-             w.file.DataBlock_XaxisIncrement(2.5F);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.DataBlock_XaxisIncrement(2.5F); }),
          NeverAsks},
         {"clsQOR_File::ReadTraceSampleValue", Fill,
          [](World& w) {
@@ -189,222 +135,141 @@ const std::vector<Operation>& DataBlockOperations()
         {"clsQOR_File::ReadDataBlockXaxisValue of no sample", Fill,
          [](World& w) { return Number(w.file.ReadDataBlockXaxisValue(99, w.first[0])); }, KeepsOldErrorText},
         {"clsQOR_File::WriteDataBlockXaxisValue", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.WriteDataBlockXaxisValue(2, 7))); }, NeverAsks},
+         [](World& w) { return Number(w.file.WriteDataBlockXaxisValue(2, 7)); }, NeverAsks},
         {"clsQOR_File::WriteDataBlockXaxisValue of no sample", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.WriteDataBlockXaxisValue(99, 7))); },
+         [](World& w) { return Number(w.file.WriteDataBlockXaxisValue(99, 7)); },
          KeepsOldErrorText},
         {"clsQOR_File::GetMagnitudeValueFrom", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.GetMagnitudeValueFrom(3, 4))); }, NeverAsks},
+         [](World& w) { return Number(w.file.GetMagnitudeValueFrom(3, 4)); }, NeverAsks},
         {"clsQOR_File::GetRealValueFrom", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.GetRealValueFrom(3, 4))); }, NeverAsks},
+         [](World& w) { return Number(w.file.GetRealValueFrom(3, 4)); }, NeverAsks},
         {"clsQOR_File::GetImaginaryValueFrom", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.GetImaginaryValueFrom(3, 4))); }, NeverAsks},
+         [](World& w) { return Number(w.file.GetImaginaryValueFrom(3, 4)); }, NeverAsks},
         {"clsQOR_File::GetPhaseValueFrom", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.GetPhaseValueFrom(3.0F, 4.0, true))); }, NeverAsks},
+         [](World& w) { return Number(w.file.GetPhaseValueFrom(3.0F, 4.0, true)); }, NeverAsks},
         {"clsQOR_File::Trace_Label get", Fill, [](World& w) { return Text(w.file.Trace_Label(2)); }, Throws},
         {"clsQOR_File::Trace_Label get of no trace", Fill, [](World& w) { return Text(w.file.Trace_Label(99)); },
          KeepsOldErrorText},
         {"clsQOR_File::Trace_Label set", Fill,
-         [](World& w) {
-             w.file.Trace_Label(2, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_Label(2, LongText); }),
          Throws},
         {"clsQOR_File::Trace_Label set of no trace", Fill,
-         [](World& w) {
-             w.file.Trace_Label(99, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_Label(99, LongText); }),
          KeepsOldErrorText},
         {"clsQOR_File::Trace_Label set of a trace that its file left out", Claim,
-         [](World& w) {
-             w.file.Trace_Label(1, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_Label(1, LongText); }),
          Throws},
         {"clsQOR_File::Trace_DateAndTime get", Fill, [](World& w) { return Text(w.file.Trace_DateAndTime(2)); },
          Throws},
         {"clsQOR_File::Trace_DateAndTime get of no trace", Fill,
          [](World& w) { return Text(w.file.Trace_DateAndTime(99)); }, KeepsOldErrorText},
         {"clsQOR_File::Trace_DateAndTime set", Fill,
-         [](World& w) {
-             w.file.Trace_DateAndTime(2, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_DateAndTime(2, LongText); }),
          Throws},
         {"clsQOR_File::Trace_DateAndTime set of no trace", Fill,
-         [](World& w) {
-             w.file.Trace_DateAndTime(99, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_DateAndTime(99, LongText); }),
          KeepsOldErrorText},
         {"clsQOR_File::Trace_DateAndTime set of a trace that its file left out", Claim,
-         [](World& w) {
-             w.file.Trace_DateAndTime(1, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_DateAndTime(1, LongText); }),
          Throws},
         {"clsQOR_File::Trace_DegreesOfFreedom get", Fill,
          [](World& w) { return Text(w.file.Trace_DegreesOfFreedom(2)); }, Throws},
         {"clsQOR_File::Trace_DegreesOfFreedom get of no trace", Fill,
          [](World& w) { return Text(w.file.Trace_DegreesOfFreedom(99)); }, KeepsOldErrorText},
         {"clsQOR_File::Trace_DegreesOfFreedom set", Fill,
-         [](World& w) {
-             w.file.Trace_DegreesOfFreedom(2, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_DegreesOfFreedom(2, LongText); }),
          Throws},
         {"clsQOR_File::Trace_DegreesOfFreedom set of no trace", Fill,
-         [](World& w) {
-             w.file.Trace_DegreesOfFreedom(99, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_DegreesOfFreedom(99, LongText); }),
          KeepsOldErrorText},
         {"clsQOR_File::Trace_DegreesOfFreedom set of a trace that its file left out", Claim,
-         [](World& w) {
-             w.file.Trace_DegreesOfFreedom(1, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_DegreesOfFreedom(1, LongText); }),
          Throws},
         {"clsQOR_File::Trace_MeasurementUnits get", Fill,
          [](World& w) { return Text(w.file.Trace_MeasurementUnits(2)); }, Throws},
         {"clsQOR_File::Trace_MeasurementUnits get of no trace", Fill,
          [](World& w) { return Text(w.file.Trace_MeasurementUnits(99)); }, KeepsOldErrorText},
         {"clsQOR_File::Trace_MeasurementUnits set", Fill,
-         [](World& w) {
-             w.file.Trace_MeasurementUnits(2, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_MeasurementUnits(2, LongText); }),
          Throws},
         {"clsQOR_File::Trace_MeasurementUnits set of no trace", Fill,
-         [](World& w) {
-             w.file.Trace_MeasurementUnits(99, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_MeasurementUnits(99, LongText); }),
          KeepsOldErrorText},
         {"clsQOR_File::Trace_MeasurementUnits set of a trace that its file left out", Claim,
-         [](World& w) {
-             w.file.Trace_MeasurementUnits(1, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_MeasurementUnits(1, LongText); }),
          Throws},
         {"clsQOR_File::Trace_MeasurementType get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.Trace_MeasurementType(2))); }, NeverAsks},
+         [](World& w) { return Number(w.file.Trace_MeasurementType(2)); }, NeverAsks},
         {"clsQOR_File::Trace_MeasurementType get of no trace", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.Trace_MeasurementType(99))); }, KeepsOldErrorText},
+         [](World& w) { return Number(w.file.Trace_MeasurementType(99)); }, KeepsOldErrorText},
         {"clsQOR_File::Trace_MeasurementType set", Fill,
-         [](World& w) {
-             w.file.Trace_MeasurementType(2, DB_MeasurementIsFRF);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_MeasurementType(2, DB_MeasurementIsFRF); }),
          NeverAsks},
         {"clsQOR_File::Trace_MeasurementType set of no trace", Fill,
-         [](World& w) {
-             w.file.Trace_MeasurementType(99, DB_MeasurementIsFRF);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_MeasurementType(99, DB_MeasurementIsFRF); }),
          KeepsOldErrorText},
         {"clsQOR_File::Trace_MeasurementType set of a trace that its file left out", Claim,
-         [](World& w) {
-             w.file.Trace_MeasurementType(1, DB_MeasurementIsFRF);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_MeasurementType(1, DB_MeasurementIsFRF); }),
          LeavesTheTrace},
         {"clsQOR_File::Trace_DataSVT get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.Trace_DataSVT(2))); }, NeverAsks},
+         [](World& w) { return Number(w.file.Trace_DataSVT(2)); }, NeverAsks},
         {"clsQOR_File::Trace_DataSVT get of no trace", Fill,
-         [](World& w) { return Number(static_cast<double>(w.file.Trace_DataSVT(99))); }, KeepsOldErrorText},
+         [](World& w) { return Number(w.file.Trace_DataSVT(99)); }, KeepsOldErrorText},
         {"clsQOR_File::Trace_DataSVT set", Fill,
-         [](World& w) {
-             w.file.Trace_DataSVT(2, DataIsTensor);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_DataSVT(2, DataIsTensor); }),
          NeverAsks},
         {"clsQOR_File::Trace_DataSVT set of no trace", Fill,
-         [](World& w) {
-             w.file.Trace_DataSVT(99, DataIsTensor);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_DataSVT(99, DataIsTensor); }),
          KeepsOldErrorText},
         {"clsQOR_File::Trace_DataSVT set of a trace that its file left out", Claim,
-         [](World& w) {
-             w.file.Trace_DataSVT(1, DataIsTensor);
-             return Answer();
-         },
+         Sets([](World& w) { w.file.Trace_DataSVT(1, DataIsTensor); }),
          LeavesTheTrace},
 
         {"ClassAdd_1::TraceLinPower get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.linPower.TraceLinPower(2))); }, NeverAsks},
+         [](World& w) { return Number(w.linPower.TraceLinPower(2)); }, NeverAsks},
         {"ClassAdd_1::TraceLinPower get of no trace", Fill,
-         [](World& w) { return Number(static_cast<double>(w.linPower.TraceLinPower(99))); }, NeverAsks},
+         [](World& w) { return Number(w.linPower.TraceLinPower(99)); }, NeverAsks},
         {"ClassAdd_1::TraceLinPower set", Fill,
-         [](World& w) {
-             w.linPower.TraceLinPower(2, MeasurementIsPower);
-             return Answer();
-         },
+         Sets([](World& w) { w.linPower.TraceLinPower(2, MeasurementIsPower); }),
          NeverAsks},
         {"ClassAdd_1::TraceLinPower set of no trace", Fill,
-         [](World& w) {
-             w.linPower.TraceLinPower(99, MeasurementIsPower);
-             return Answer();
-         },
+         Sets([](World& w) { w.linPower.TraceLinPower(99, MeasurementIsPower); }),
          NeverAsks},
         {"ClassAdd_1::TraceLinPower set of a trace that its file left out", Claim,
-         [](World& w) {
-             w.linPower.TraceLinPower(1, MeasurementIsPower);
-             return Answer();
-         },
+         Sets([](World& w) { w.linPower.TraceLinPower(1, MeasurementIsPower); }),
          LeavesTheTrace},
         {"ClassAdd_2::DataBlockPeakRMS get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.peakRMS.DataBlockPeakRMS())); }, NeverAsks},
+         [](World& w) { return Number(w.peakRMS.DataBlockPeakRMS()); }, NeverAsks},
         {"ClassAdd_2::DataBlockPeakRMS set", Fill,
-         [](World& w) {
-             w.peakRMS.DataBlockPeakRMS(DisplayRMS);
-             return Answer();
-         },
+         Sets([](World& w) { w.peakRMS.DataBlockPeakRMS(DisplayRMS); }),
          NeverAsks},
         {"ClassAdd_3::TraceZaxisLabel get", Fill, [](World& w) { return Text(w.zaxisLabel.TraceZaxisLabel(2)); },
          Throws},
         {"ClassAdd_3::TraceZaxisLabel set", Fill,
-         [](World& w) {
-             w.zaxisLabel.TraceZaxisLabel(2, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.zaxisLabel.TraceZaxisLabel(2, LongText); }),
          Throws},
         {"ClassAdd_3::TraceZaxisLabel set of no trace", Fill,
-         [](World& w) {
-             w.zaxisLabel.TraceZaxisLabel(99, LongText);
-             return Answer();
-         },
+         Sets([](World& w) { w.zaxisLabel.TraceZaxisLabel(99, LongText); }),
          NeverAsks},
         {"ClassAdd_5::XaxisUnits get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.xaxisUnits.XaxisUnits())); }, NeverAsks},
+         [](World& w) { return Number(w.xaxisUnits.XaxisUnits()); }, NeverAsks},
         {"ClassAdd_5::XaxisUnits set", Fill,
-         [](World& w) {
-             w.xaxisUnits.XaxisUnits(XAxisIsMicrosec);
-             return Answer();
-         },
+         Sets([](World& w) { w.xaxisUnits.XaxisUnits(XAxisIsMicrosec); }),
          NeverAsks},
         {"ClassAdd_5::DataBlockRPM get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.xaxisUnits.DataBlockRPM())); }, NeverAsks},
+         [](World& w) { return Number(w.xaxisUnits.DataBlockRPM()); }, NeverAsks},
         {"ClassAdd_5::DataBlockRPM set", Fill,
-         [](World& w) {
-             w.xaxisUnits.DataBlockRPM(2.5F);
-             return Answer();
-         },
+         Sets([](World& w) { w.xaxisUnits.DataBlockRPM(2.5F); }),
          NeverAsks},
         {"ClassAdd_5::DataBlockExponentialWindowDampingInHz get", Fill,
-         [](World& w) { return Number(static_cast<double>(w.xaxisUnits.DataBlockExponentialWindowDampingInHz())); },
+         [](World& w) { return Number(w.xaxisUnits.DataBlockExponentialWindowDampingInHz()); },
          NeverAsks},
         {"ClassAdd_5::DataBlockExponentialWindowDampingInHz set", Fill,
-         [](World& w) {
-             w.xaxisUnits.DataBlockExponentialWindowDampingInHz(2.5F);
-             return Answer();
-         },
+         Sets([](World& w) { w.xaxisUnits.DataBlockExponentialWindowDampingInHz(2.5F); }),
          NeverAsks},
 
         {"FileArrays::NumberOfSamples", Fill,
-         [](World& w) { return Number(static_cast<double>(w.arrays.NumberOfSamples())); }, NeverAsks},
+         [](World& w) { return Number(w.arrays.NumberOfSamples()); }, NeverAsks},
         {"FileArrays::ReadTraceSamples", Fill,
          [](World& w) {
              Answer a = Number(w.arrays.ReadTraceSamples(2, w.first, w.second));
@@ -420,10 +285,10 @@ const std::vector<Operation>& DataBlockOperations()
          },
          KeepsOldErrorText},
         {"FileArrays::WriteTraceSamples", Fill,
-         [](World& w) { return Number(static_cast<double>(w.arrays.WriteTraceSamples(2, w.first, w.second))); },
+         [](World& w) { return Number(w.arrays.WriteTraceSamples(2, w.first, w.second)); },
          NeverAsks},
         {"FileArrays::WriteTraceSamples of a trace that its file left out", Claim,
-         [](World& w) { return Number(static_cast<double>(w.arrays.WriteTraceSamples(1, w.first, w.second))); },
+         [](World& w) { return Number(w.arrays.WriteTraceSamples(1, w.first, w.second)); },
          NeverAsks},
         {"FileArrays::ReadDataBlockXaxisValues", Fill,
          [](World& w) {
@@ -433,7 +298,7 @@ const std::vector<Operation>& DataBlockOperations()
          },
          NeverAsks},
         {"FileArrays::WriteDataBlockXaxisValues", Fill,
-         [](World& w) { return Number(static_cast<double>(w.arrays.WriteDataBlockXaxisValues(w.first))); }, NeverAsks},
+         [](World& w) { return Number(w.arrays.WriteDataBlockXaxisValues(w.first)); }, NeverAsks},
     };
     return operations;
 }

@@ -122,7 +122,20 @@ void Empty(World& world);
 // One that takes memory beyond that of the texts that documents are filled with.
 inline constexpr std::u16string_view LongText = u"a text that is a good deal longer than all of those that were there";
 
-inline Answer Number(double result) { return {result, {}, {}}; }
+template <class Value>
+Answer Number(Value result)
+{
+    return {static_cast<double>(result), {}, {}};
+}
 inline Answer Text(std::u16string text) { return {0, {}, std::move(text)}; }
+// A call that gives no answer; a lambda without captures.
+template <class Call>
+auto Sets(Call) -> Answer (*)(World&)
+{
+    return [](World& world) {
+        Call()(world);
+        return Answer();
+    };
+}
 
 } // namespace qor::test
