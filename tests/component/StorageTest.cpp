@@ -4,6 +4,8 @@
 // Sizes, format and spacing of a Data Block: what the setters make of their values, and what a change of size
 // keeps.
 #include "component/DataBlockAccess.h"
+#include "support/DataBlockFile.h"
+#include "support/TemporaryFolder.h"
 
 #include <QOR_File/QOR_File.h>
 
@@ -476,6 +478,26 @@ TEST(Reallocation, TheOrderOfTheSettersDoesNotMatter)
         EXPECT_EQ(Read(file, 3, 5), Refused());
         EXPECT_EQ(Read(file, 4, 4), Refused());
     } while (std::next_permutation(order.begin(), order.end()));
+}
+
+// ---- counts of a damaged file -------------------------------------------------------------------------------
+
+TEST(NegativeNumberOfTraces, OfAFileIsShownAndNoTraceIsThere)
+{
+    OnAThreadOfItsOwn([] {
+        const TemporaryFolder folder;
+        WriteBytes(folder / "damaged.blk", DataBlockFile().Field(4, Int32(5)).Field(3, Int16(-3)).Build());
+        clsQOR_File file;
+        EXPECT_EQ(file.InputDataBlockFile(Utf16(folder / "damaged.blk")), Failure);
+
+        EXPECT_EQ(file.DataBlock_NumberOfTraces(), -3);
+        EXPECT_EQ(Read(file, 1, 1), Refused());
+        EXPECT_EQ(file.ErrorStatus(), TraceDataNotAllocated);
+        EXPECT_EQ(file.WriteTraceSampleValue(-3, 1, 1, 1), Failure);
+        EXPECT_EQ(file.ErrorStatus(), TraceDataNotAllocated);
+        file.DataBlock_NumberOfTraces(1);
+        EXPECT_EQ(Read(file, 1, 5), Holds(0, 0));
+    });
 }
 
 } // namespace

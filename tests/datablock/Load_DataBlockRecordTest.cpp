@@ -325,6 +325,7 @@ TEST(Load_DataBlockRecord, ANegativeCountOfTracesFailsButReadingGoesOn)
 
     EXPECT_EQ(loaded.status, Failure);
     EXPECT_EQ(loaded.error, NoError);
+    EXPECT_EQ(loaded.block.NumberOfTraces, -1);
     EXPECT_EQ(loaded.block.Traces.Count(), 0);
     EXPECT_EQ(loaded.block.Label, u"behind");
 }
