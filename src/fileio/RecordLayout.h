@@ -171,10 +171,11 @@ QOR_INLINE inline void Save_Text(ItemWriter& items, std::int16_t tag, std::u16st
 }
 
 // Writes a record: type code, length, the fields in row order, closing tag. A step is written by
-// saveStep(step, tag, items), its tag included. Rows are unrolled, so that a record costs little more than the
-// copying of its values.
+// saveStep(step, tag, items), its tag included. Rows are unrolled, and all is inlined into what is done for the one
+// kind of record, so that it costs little more than the copying of its values.
 template <const auto& Fields, class Record, class Context, class SaveStep>
-void Save_Record(RecordWriter& file, std::int16_t type, const Record& record, const Context& context, SaveStep saveStep)
+QOR_INLINE inline void Save_Record(RecordWriter& file, std::int16_t type, const Record& record, const Context& context,
+                                   const SaveStep& saveStep)
 {
     const FilePosition lengthField = file.Position() + FilePosition{sizeof type};
     {
@@ -263,7 +264,8 @@ inline constexpr auto FixedRuns = []<std::size_t... Row>(std::index_sequence<Row
 // length, only the tag is.
 template <const auto& Fields, class GetRecord, class LoadStep>
 // NOLINTNEXTLINE(readability-function-cognitive-complexity): each kind of row is one line, of which one is compiled
-RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, GetRecord record, LoadStep loadStep)
+QOR_INLINE inline RecordEnd Load_Record(RecordReader& file, bool skipsUnknown, TextForm form, const GetRecord& record,
+                                        const LoadStep& loadStep)
 {
     const FilePosition behindLength = file.Position() + 4;
     ItemReader items(file);
