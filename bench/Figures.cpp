@@ -2,34 +2,48 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "Figures.h"
 
+#include "Child.h"
+
 #include <chrono>
 #include <cstdio>
+#include <optional>
 #include <regex>
 #include <stdexcept>
 
 namespace qor::bench {
+
+namespace {
+
+// Nothing where the result is wrong.
+std::optional<double> SecondsOf(const Party& party)
+{
+    bool right = party.work();
+    party.clear();
+    const auto start = std::chrono::steady_clock::now();
+    right = party.work() && right;
+    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
+    right = party.holds() && right;
+    party.clear();
+    return right ? std::optional(elapsed.count()) : std::nullopt;
+}
+
+} // namespace
 
 void Time(benchmark::State& state, Figure& figure, const std::vector<Party>& parties, double calls)
 {
     if (parties.size() != figure.references.size() + 1) throw std::logic_error(figure.name + ": parties");
     for (auto each : state) {
         (void)each;
-        bool right = true;
-        for (const Party& party : parties) right = party.work() && right;
-        for (const Party& party : parties) party.clear();
-
         const std::size_t first = figure.seconds.size();
         std::vector<double> seconds(parties.size());
+        bool right = true;
         for (std::size_t i = 0; i < parties.size(); ++i) {
             const std::size_t turn = (first + i) % parties.size();
-            const auto start = std::chrono::steady_clock::now();
-            right = parties[turn].work() && right;
-            seconds[turn] = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count() / calls;
+            const std::optional<double> measured = InChild([&] { return SecondsOf(parties[turn]); });
+            right = right && measured;
+            seconds[turn] = measured.value_or(0) / calls;
         }
         state.SetIterationTime(seconds[0]);
-
-        for (const Party& party : parties) right = party.holds() && right;
-        for (const Party& party : parties) party.clear();
         if (!right) {
             state.SkipWithError("wrong result");
             continue;

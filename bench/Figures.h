@@ -15,7 +15,8 @@
 
 namespace qor::bench {
 
-// Something that is timed, and how to look at what came of it. Only the work is needed.
+// Something that is timed, and how to look at what came of it. Only the work is needed. Between them they leave nothing
+// behind but files.
 struct Party {
     std::function<bool()> work; // false, or not holds(): the result is wrong
     std::function<bool()> holds = [] { return true; };
@@ -26,8 +27,10 @@ struct Party {
 // one goes first. The first is the figure's own, the others are its references in their order. Times are divided by
 // the number of calls that the work consists of.
 //
-// Memory that was just given back is warm: a virtual machine may have to ask its host for memory that lay idle, which
-// takes longer than all that is measured. So everything is done once before, and cleared.
+// Each has a process of its own, as it has where it is used: what one leaves in the heap would cost the next one dear.
+// There it works once before it is timed, and clears. That makes the process's pages its own, and memory that was just
+// given back is warm: a virtual machine may have to ask its host for memory that lay idle, which takes longer than all
+// that is measured.
 void Time(benchmark::State& state, Figure& figure, const std::vector<Party>& parties, double calls = 1);
 
 // Runs the function that often. The figure is one of the report.

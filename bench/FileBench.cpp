@@ -2,6 +2,7 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "FileBench.h"
 
+#include "Child.h"
 #include "Documents.h"
 #include "FileTimes.h"
 #include "Hdf5Block.h"
@@ -54,7 +55,10 @@ struct Subject {
           peer(Hdf5BlockOf(block)),
           peerPath(folder / (std::string(shape.name) + ".h5"))
     {
-        SaveHdf5(peerPath, peer);
+        DoInChild(peerPath, [&] {
+            SaveHdf5(peerPath, peer);
+            return true;
+        });
     }
 
     Shape shape;

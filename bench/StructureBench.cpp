@@ -2,6 +2,7 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "StructureBench.h"
 
+#include "Child.h"
 #include "Elements.h"
 #include "FileTimes.h"
 #include "Hdf5File.h"
@@ -45,7 +46,10 @@ struct Subject {
     explicit Subject(const WorkFolder& folder)
         : file(Saved(folder / "structure.str")), peer(Built()), peerPath(folder / "structure.h5")
     {
-        SaveHdf5(peerPath, peer);
+        DoInChild(peerPath, [&] {
+            SaveHdf5(peerPath, peer);
+            return true;
+        });
     }
 
     SavedFile file;
