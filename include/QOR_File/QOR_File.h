@@ -14,14 +14,15 @@
 //
 // A method that fails returns Failure, a property get that fails returns the default of its type, and ErrorStatus
 // and GetLastErrorString tell why; a failed method leaves its arguments as they were. Nothing is thrown, but the
-// RuntimeFault of the members that say so, and std::bad_alloc where there is no memory for a text. Element numbers
-// count from 1.
+// RuntimeFault of the members that say so, and std::bad_alloc where there is no memory for an object or for a thread's
+// documents. A text that there is no memory for is got as an empty one, and leaves the old one when it is set, that of
+// a trace with AllocationError. Element numbers count from 1.
 #pragma once
 
 #include <QOR_File/Enumerations.h>
 
+#include <exception>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -32,13 +33,14 @@ using NumericVariant = std::variant<std::monostate, std::uint8_t, std::int16_t, 
                                     double, Bool16, std::u16string>;
 
 // A fault that the published behaviour raises to the caller. what() is its description.
-class RuntimeFault : public std::runtime_error
+class RuntimeFault : public std::exception
 {
 public:
     static constexpr int Overflow = 6;
     static constexpr int SubscriptOutOfRange = 9;
 
-    explicit RuntimeFault(int number);
+    explicit RuntimeFault(int number) : number_(number) {}
+    const char* what() const noexcept override;
     // The platform's number of the fault.
     int Number() const { return number_; }
 

@@ -3,6 +3,7 @@
 //
 // The added classes. A failed check is left as the thread's shared error status, without a text.
 #include "component/StructureElements.h"
+#include "component/WithoutMemory.h"
 #include "component/modQOR_File.h"
 #include "datablock/SampleAccess.h"
 
@@ -24,7 +25,7 @@ template <class T>
 T Get(std::int32_t traceNumber, T Trace::*field)
 {
     T value{};
-    ShareError(GetTraceField(modQOR_File().DataBlock, traceNumber, field, value));
+    IfMemoryAllows([&] { ShareError(GetTraceField(modQOR_File().DataBlock, traceNumber, field, value)); });
     return value;
 }
 
@@ -52,7 +53,7 @@ DataBlockPeakRMSFlags ClassAdd_2::DataBlockPeakRMS() const
 
 void ClassAdd_3::TraceZaxisLabel(std::int32_t TraceNumber, std::u16string_view value)
 {
-    ShareError(SetTraceField(modQOR_File().DataBlock, TraceNumber, &Trace::ZaxisLabel, value));
+    ShareError(SetTraceText(modQOR_File().DataBlock, TraceNumber, &Trace::ZaxisLabel, value));
 }
 std::u16string ClassAdd_3::TraceZaxisLabel(std::int32_t TraceNumber) const
 {

@@ -3,6 +3,7 @@
 //
 // The Data Block members of clsQOR_File: look the thread's document up, call its module, report.
 #include "component/ObjectState.h"
+#include "component/WithoutMemory.h"
 #include "component/modQOR_File.h"
 #include "datablock/Conversion.h"
 #include "datablock/Load_DataBlock.h"
@@ -27,14 +28,16 @@ DataBlock& Block() { return modQOR_File().DataBlock; }
 template <class T>
 T Get(clsQOR_File& object, std::int32_t traceNumber, T Trace::*field, T fallback = T{})
 {
-    const ErrorStatusTypes error = GetTraceField(Block(), traceNumber, field, fallback);
-    if (error != NoError) object.ErrorStatus(error);
+    IfMemoryAllows([&] {
+        const ErrorStatusTypes error = GetTraceField(Block(), traceNumber, field, fallback);
+        if (error != NoError) object.ErrorStatus(error);
+    });
     return fallback;
 }
 
 void SetText(clsQOR_File& object, std::int32_t traceNumber, std::u16string Trace::*field, std::u16string_view value)
 {
-    const ErrorStatusTypes error = SetTraceField(Block(), traceNumber, field, value);
+    const ErrorStatusTypes error = SetTraceText(Block(), traceNumber, field, value);
     if (error != NoError) object.ErrorStatus(error);
 }
 
@@ -68,14 +71,32 @@ void clsQOR_File::ReallocateDataBlock()
     UpdateAllocationFlags();
 }
 
-std::u16string clsQOR_File::DataBlock_Label() const { return Block().Label; }
-void clsQOR_File::DataBlock_Label(std::u16string_view value) { Block().Label = value; }
+std::u16string clsQOR_File::DataBlock_Label() const
+{
+    return IfMemoryAllows([&] { return Block().Label; });
+}
+void clsQOR_File::DataBlock_Label(std::u16string_view value)
+{
+    IfMemoryAllows([&] { Block().Label = value; });
+}
 
-std::u16string clsQOR_File::DataBlock_Notes() const { return Block().Notes; }
-void clsQOR_File::DataBlock_Notes(std::u16string_view value) { Block().Notes = value; }
+std::u16string clsQOR_File::DataBlock_Notes() const
+{
+    return IfMemoryAllows([&] { return Block().Notes; });
+}
+void clsQOR_File::DataBlock_Notes(std::u16string_view value)
+{
+    IfMemoryAllows([&] { Block().Notes = value; });
+}
 
-std::u16string clsQOR_File::DataBlock_XaxisUnits() const { return Block().XaxisUnits; }
-void clsQOR_File::DataBlock_XaxisUnits(std::u16string_view value) { Block().XaxisUnits = value; }
+std::u16string clsQOR_File::DataBlock_XaxisUnits() const
+{
+    return IfMemoryAllows([&] { return Block().XaxisUnits; });
+}
+void clsQOR_File::DataBlock_XaxisUnits(std::u16string_view value)
+{
+    IfMemoryAllows([&] { Block().XaxisUnits = value; });
+}
 
 std::int32_t clsQOR_File::DataBlock_NumberOfSamples() const { return Block().NumberOfSamples; }
 void clsQOR_File::DataBlock_NumberOfSamples(std::int32_t value)

@@ -3,6 +3,7 @@
 //
 // The Shape Table members of clsQOR_File. Records and values are the thread's, counts the object's.
 #include "component/ObjectState.h"
+#include "component/WithoutMemory.h"
 #include "component/modQOR_File.h"
 #include "datablock/SampleAccess.h" // KnownDataSVT
 #include "fileio/Framing.h"
@@ -31,7 +32,7 @@ T Get(clsQOR_File& object, ErrorStatusTypes error, std::vector<Record>& records,
 {
     if (error != NoError) object.ErrorStatus(error);
     Record* const record = error == NoError ? Find(records, number) : nullptr;
-    return record ? record->*field : T{};
+    return IfMemoryAllows([&] { return record ? record->*field : T{}; });
 }
 
 template <class Record, class T, class Value>
@@ -40,7 +41,7 @@ void Set(clsQOR_File& object, ErrorStatusTypes error, std::vector<Record>& recor
 {
     if (error != NoError) object.ErrorStatus(error);
     Record* const record = error == NoError ? Find(records, number) : nullptr;
-    if (record) record->*field = value;
+    if (record) IfMemoryAllows([&] { record->*field = value; });
 }
 
 } // namespace
@@ -56,11 +57,23 @@ void clsQOR_File::AllocateShapeTable()
     ErrorStatus(error); // also NoError, which clears this object's status
 }
 
-std::u16string clsQOR_File::ShapeTable_Label() const { return state_->ShapeTexts.Label; }
-void clsQOR_File::ShapeTable_Label(std::u16string_view value) { state_->ShapeTexts.Label = value; }
+std::u16string clsQOR_File::ShapeTable_Label() const
+{
+    return IfMemoryAllows([&] { return state_->ShapeTexts.Label; });
+}
+void clsQOR_File::ShapeTable_Label(std::u16string_view value)
+{
+    IfMemoryAllows([&] { state_->ShapeTexts.Label = value; });
+}
 
-std::u16string clsQOR_File::ShapeTable_Notes() const { return state_->ShapeTexts.Notes; }
-void clsQOR_File::ShapeTable_Notes(std::u16string_view value) { state_->ShapeTexts.Notes = value; }
+std::u16string clsQOR_File::ShapeTable_Notes() const
+{
+    return IfMemoryAllows([&] { return state_->ShapeTexts.Notes; });
+}
+void clsQOR_File::ShapeTable_Notes(std::u16string_view value)
+{
+    IfMemoryAllows([&] { state_->ShapeTexts.Notes = value; });
+}
 
 std::int32_t clsQOR_File::ShapeTable_NumberOfShapes() const { return state_->ShapeCounts.NumberOfShapes; }
 void clsQOR_File::ShapeTable_NumberOfShapes(std::int32_t value)

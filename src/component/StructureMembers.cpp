@@ -4,6 +4,7 @@
 // The Structure members of clsQOR_File. The elements are the thread's, label and notes the object's.
 #include "component/ObjectState.h"
 #include "component/StructureElements.h"
+#include "component/WithoutMemory.h"
 #include "component/modQOR_File.h"
 #include "platform/Desktop.h"
 #include "structure/Load_Structure.h"
@@ -48,11 +49,23 @@ void clsQOR_File::AllocateStructure()
     modQOR_File().LastAllocationResult = AllocateSharedStructure() ? Success : Failure;
 }
 
-std::u16string clsQOR_File::Structure_Label() const { return state_->StructureTexts.Label; }
-void clsQOR_File::Structure_Label(std::u16string_view value) { state_->StructureTexts.Label = value; }
+std::u16string clsQOR_File::Structure_Label() const
+{
+    return IfMemoryAllows([&] { return state_->StructureTexts.Label; });
+}
+void clsQOR_File::Structure_Label(std::u16string_view value)
+{
+    IfMemoryAllows([&] { state_->StructureTexts.Label = value; });
+}
 
-std::u16string clsQOR_File::Structure_Notes() const { return state_->StructureTexts.Notes; }
-void clsQOR_File::Structure_Notes(std::u16string_view value) { state_->StructureTexts.Notes = value; }
+std::u16string clsQOR_File::Structure_Notes() const
+{
+    return IfMemoryAllows([&] { return state_->StructureTexts.Notes; });
+}
+void clsQOR_File::Structure_Notes(std::u16string_view value)
+{
+    IfMemoryAllows([&] { state_->StructureTexts.Notes = value; });
+}
 
 std::int32_t clsQOR_File::Structure_NumberOfVertexPoints() const { return Geometry().NumberOfVertexPoints; }
 void clsQOR_File::Structure_NumberOfVertexPoints(std::int32_t value)
@@ -85,7 +98,11 @@ ReturnStatus clsQOR_File::ReadStructureVertexPoint(const std::int32_t& VertexPoi
     const ErrorStatusTypes error = CheckVertexPoint(Geometry(), VertexPointNumber);
     if (error != NoError) return Report(Failure, error);
     const VertexPoint& point = Geometry().VertexPoints[VertexPointNumber];
-    VertexPointLabel = Trimmed(TextOf(point.Label));
+    const bool labelled = IfMemoryAllows([&] {
+        VertexPointLabel = Trimmed(TextOf(point.Label));
+        return true;
+    });
+    if (!labelled) return Failure;
     VertexPointXcoord = point.Xcoord;
     VertexPointYcoord = point.Ycoord;
     VertexPointZcoord = point.Zcoord;

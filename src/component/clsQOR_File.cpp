@@ -5,6 +5,7 @@
 #include "component/ErrorTexts.h"
 #include "component/ObjectState.h"
 #include "component/Version.h"
+#include "component/WithoutMemory.h"
 #include "component/modQOR_File.h"
 #include "platform/Desktop.h"
 
@@ -29,9 +30,7 @@ std::u16string Decimal(std::int32_t value)
 
 } // namespace
 
-RuntimeFault::RuntimeFault(int number)
-    : std::runtime_error(number == Overflow ? "Overflow" : "Subscript out of range"), number_(number)
-{}
+const char* RuntimeFault::what() const noexcept { return number_ == Overflow ? "Overflow" : "Subscript out of range"; }
 
 clsQOR_File::clsQOR_File() : state_(std::make_unique<State>()) { Initialize(); }
 clsQOR_File::~clsQOR_File() = default;
@@ -57,7 +56,10 @@ void clsQOR_File::ErrorStatus(ErrorStatusTypes value)
     platform::PostError(PostedErrorNumber, PostedErrorSource, state_->LastErrorText);
 }
 
-std::u16string clsQOR_File::GetLastErrorString() const { return state_->LastErrorText; }
+std::u16string clsQOR_File::GetLastErrorString() const
+{
+    return IfMemoryAllows([&] { return state_->LastErrorText; });
+}
 
 void clsQOR_File::Initialize()
 {

@@ -246,10 +246,15 @@ private:
         const std::int64_t count = block_.NumberOfSamples;
         const FilePosition first = file_.Position();
         const ErrorStatusTypes error = Load_Array(block_.Xaxis, block_.NumberOfSamples, selection_.xaxis);
-        if (error == NoError && count > 0 && !file_.AtEnd()) {
+        if (error != NoError || count <= 0 || file_.AtEnd()) return error;
+        if (selection_.xaxis) {
+            result_.firstX = block_.Xaxis.Values().front();
+            result_.lastX = block_.Xaxis.Values().back();
+        } else {
             const FilePosition behind = file_.Position();
             file_.MoveTo(first);
             result_.firstX = file_.GetFloat();
+            if (file_.AtEnd()) return error;
             file_.MoveTo(behind - static_cast<FilePosition>(sizeof(float)));
             result_.lastX = file_.GetFloat();
         }

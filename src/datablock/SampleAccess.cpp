@@ -126,17 +126,33 @@ Outcome WriteXaxisValues(DataBlock& block, bool allocated, std::span<const float
     return {};
 }
 
-ErrorStatusTypes SetTraceNumber(DataBlock& block, std::int32_t traceNumber, std::int16_t Trace::*field,
-                                std::int32_t value)
+namespace {
+
+template <class Change>
+ErrorStatusTypes ChangeTrace(DataBlock& block, std::int32_t traceNumber, Change change)
 {
     const ErrorStatusTypes error = CheckTrace(block, traceNumber);
     if (error != NoError || !block.Traces.Has(traceNumber)) return error;
     try {
-        StoreNarrowed(value, block.Traces.Edit(traceNumber).*field);
+        change(block.Traces.Edit(traceNumber));
         return NoError;
     } catch (const std::bad_alloc&) {
         return AllocationError;
     }
+}
+
+} // namespace
+
+ErrorStatusTypes SetTraceText(DataBlock& block, std::int32_t traceNumber, std::u16string Trace::*field,
+                              std::u16string_view value)
+{
+    return ChangeTrace(block, traceNumber, [&](Trace& trace) { trace.*field = value; });
+}
+
+ErrorStatusTypes SetTraceNumber(DataBlock& block, std::int32_t traceNumber, std::int16_t Trace::*field,
+                                std::int32_t value)
+{
+    return ChangeTrace(block, traceNumber, [&](Trace& trace) { StoreNarrowed(value, trace.*field); });
 }
 
 void StoreNarrowed(std::int32_t value, std::int16_t& field)

@@ -126,16 +126,11 @@ ErrorStatusTypes GetTraceField(const DataBlock& block, std::int32_t traceNumber,
     if (error == NoError && block.Traces.Has(traceNumber)) value = block.Traces[traceNumber].*field;
     return error;
 }
-template <class T, class Value>
-ErrorStatusTypes SetTraceField(DataBlock& block, std::int32_t traceNumber, T Trace::*field, Value value)
-{
-    const ErrorStatusTypes error = CheckTrace(block, traceNumber);
-    if (error == NoError && block.Traces.Has(traceNumber)) block.Traces.Edit(traceNumber).*field = value;
-    return error;
-}
-
-// A number in a trace, narrowed as above. AllocationError where there is no memory for a trace that nobody has changed
-// before: what only texts may do, throw, a number does not.
+// The trace is left as it is too, with AllocationError, where there is no memory for the text, or for a trace that
+// nobody has changed before.
+ErrorStatusTypes SetTraceText(DataBlock& block, std::int32_t traceNumber, std::u16string Trace::*field,
+                              std::u16string_view value);
+// A number, narrowed as above.
 ErrorStatusTypes SetTraceNumber(DataBlock& block, std::int32_t traceNumber, std::int16_t Trace::*field,
                                 std::int32_t value);
 

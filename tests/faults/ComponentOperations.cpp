@@ -8,9 +8,12 @@ const std::vector<Operation>& ComponentOperations()
 {
     static const std::vector<Operation> operations = {
         {"RuntimeFault::RuntimeFault", Fill,
-         [](World&) { return Number(RuntimeFault(RuntimeFault::Overflow).Number()); }, Throws},
+         [](World&) { return Number(RuntimeFault(RuntimeFault::Overflow).Number()); }, NeverAsks},
+        {"RuntimeFault::what", Fill,
+         [](World&) { return Number(std::string_view(RuntimeFault(RuntimeFault::Overflow).what()).size()); },
+         NeverAsks},
         {"RuntimeFault::Number", Fill, [](World&) { return Number(RuntimeFault(RuntimeFault::Overflow).Number()); },
-         Throws},
+         NeverAsks},
 
         {"clsQOR_File::clsQOR_File, and so the end of the documents", Fill,
          [](World& w) {
@@ -29,19 +32,20 @@ const std::vector<Operation>& ComponentOperations()
         {"clsQOR_File::ErrorStatus set", Fill, Sets([](World& w) { w.file.ErrorStatus(SampleIndexError); }),
          KeepsOldErrorText},
         {"clsQOR_File::ErrorStatus set to none", Fill, Sets([](World& w) { w.file.ErrorStatus(NoError); }), NeverAsks},
-        {"clsQOR_File::GetLastErrorString", Fill, [](World& w) { return Text(w.file.GetLastErrorString()); }, Throws},
+        {"clsQOR_File::GetLastErrorString", Fill, [](World& w) { return Text(w.file.GetLastErrorString()); },
+         ComesToNothing},
         {"clsQOR_File::Initialize", Fill, Sets([](World& w) { w.file.Initialize(); }), NeverAsks},
         {"clsQOR_File::DLLversion", Fill, [](World& w) { return Number(w.file.DLLversion()); }, NeverAsks},
 
         // Path names.
         {"clsQOR_File::GetDOS_FilePathName", Fill, [](World& w) { return Text(w.file.GetDOS_FilePathName(w.path)); },
-         Throws, FindsNoName},
+         ComesToNothing, FindsNoName},
         {"clsQOR_File::GetFileName", Fill,
-         [](World& w) { return Text(w.file.GetFileName(u"C:\\folder\\a file with a long name.blk")); }, Throws},
+         [](World& w) { return Text(w.file.GetFileName(u"C:\\folder\\a file with a long name.blk")); }, ComesToNothing},
         {"clsQOR_File::GetFilePath", Fill,
-         [](World& w) { return Text(w.file.GetFilePath(u"C:\\a folder with a long name\\file.blk")); }, Throws},
+         [](World& w) { return Text(w.file.GetFilePath(u"C:\\a folder with a long name\\file.blk")); }, ComesToNothing},
         {"clsQOR_File::PathNamesEqual", Fill,
-         [](World& w) { return Number(w.file.PathNamesEqual(w.path, u"another file")); }, Throws, FindsNoName},
+         [](World& w) { return Number(w.file.PathNamesEqual(w.path, u"another file")); }, ComesToNothing, FindsNoName},
         {"clsQOR_File::PathNamesEqual of equal texts", Fill,
          [](World& w) { return Number(w.file.PathNamesEqual(w.path, w.path)); }, NeverAsks},
 

@@ -79,7 +79,9 @@ using Rule = void (*)(const Met&);
 
 // Requests for memory.
 void NeverAsks(const Met& met);
-void Throws(const Met& met); // std::bad_alloc, nothing changed
+void Throws(const Met& met);         // std::bad_alloc, nothing changed
+void ComesToNothing(const Met& met); // an empty answer, nothing changed
+void ReadsNoPoint(const Met& met);   // Failure without a code, nothing changed
 void KeepsOldErrorText(const Met& met);
 void LeavesTheTrace(const Met& met); // AllocationError
 void EmptiesDataBlock(const Met& met);

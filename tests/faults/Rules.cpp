@@ -76,6 +76,24 @@ void Throws(const Met& met)
     ExpectState(met.with.state, met.before.state);
 }
 
+void ComesToNothing(const Met& met)
+{
+    EXPECT_EQ(met.with.thrown, "");
+    EXPECT_EQ(met.with.answer, Answer());
+    EXPECT_EQ(met.with.error, NoError);
+    EXPECT_EQ(met.with.errorText, met.before.errorText);
+    ExpectState(met.with.state, met.before.state);
+}
+
+void ReadsNoPoint(const Met& met)
+{
+    EXPECT_EQ(met.with.thrown, "");
+    EXPECT_EQ(met.with.answer, (Answer{static_cast<double>(Failure), {1, 2, 3}, u"as passed"}));
+    EXPECT_EQ(met.with.error, NoError);
+    EXPECT_EQ(met.with.errorText, met.before.errorText);
+    ExpectState(met.with.state, met.before.state);
+}
+
 void KeepsOldErrorText(const Met& met)
 {
     EXPECT_EQ(met.with.thrown, "");
@@ -116,18 +134,7 @@ void FailsToAppend(const Met& met)
 template void FailsToAppend<EdgeLinesNotAllocated>(const Met&);
 template void FailsToAppend<SurfaceTrianglesNotAllocated>(const Met&);
 template void FailsToAppend<QuadSurfacesNotAllocated>(const Met&);
-
-// The point is there before the fault is raised that has no memory for its text.
-template <>
-void FailsToAppend<VertexPointsNotAllocated>(const Met& met)
-{
-    if (met.with.thrown != NoMemory) {
-        if (IsAsWithout(met) && !met.fault.Lasts()) return;
-        return ExpectEmptied(met, Number(Failure), VertexPointsNotAllocated, {"Structure"});
-    }
-    EXPECT_EQ(met.with.error, NoError);
-    ExpectState(met.with.state, met.without.state);
-}
+template void FailsToAppend<VertexPointsNotAllocated>(const Met&);
 
 // ---- files -------------------------------------------------------------------------------------------------------
 

@@ -26,7 +26,8 @@ HANDLE SystemHandle(std::intptr_t handle) { return reinterpret_cast<HANDLE>(hand
 bool DeleteExisting(const std::wstring& path)
 {
     if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) return true;
-    return DeleteFileW(path.c_str()) != 0;
+    return DeleteFileW(path.c_str()) != 0 ||
+           GetLastError() == ERROR_FILE_NOT_FOUND; // somebody else may have been faster
 }
 
 OVERLAPPED At(std::uint64_t offset)
