@@ -59,13 +59,6 @@ std::u16string LoadZeroTerminated(RecordReader& file)
 
 } // namespace
 
-std::u16string_view Trimmed(std::u16string_view text)
-{
-    const auto first = text.find_first_not_of(u' ');
-    if (first == std::u16string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
-}
-
 void SavePreamble(RecordWriter& file, std::string_view identification, std::int16_t version)
 {
     file.PutBytes(std::as_bytes(std::span(identification)));

@@ -27,7 +27,12 @@ inline constexpr std::int16_t FirstVersionThatSkips = 9;
 enum class TextForm { Counted, ZeroTerminated };
 
 // The text without leading and trailing blanks (U+0020 only).
-std::u16string_view Trimmed(std::u16string_view text);
+inline std::u16string_view Trimmed(std::u16string_view text)
+{
+    while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
+    while (!text.empty() && text.front() == u' ') text.remove_prefix(1);
+    return text;
+}
 
 // Writes the identification line, the version and the seven reserved words.
 void SavePreamble(RecordWriter& file, std::string_view identification, std::int16_t version);
