@@ -18,6 +18,8 @@ const Fault* armed = nullptr;
 int turn = 0;
 int counted = 0;
 bool met = false;
+std::int64_t place = 0;
+std::size_t refusedBytes = 0;
 int files = 0;
 
 enum class Fate { Passes, Fails, MovesHalf };
@@ -36,9 +38,16 @@ Fate FateOf(Call call)
 
 bool Fails(Call call) { return FateOf(call) == Fate::Fails; }
 
+bool IsRefused(std::size_t bytes)
+{
+    const bool refused = Fails(Call::Memory);
+    if (refused && counted == turn) refusedBytes = bytes;
+    return refused;
+}
+
 void* AllocateBlock(std::size_t size)
 {
-    if (Fails(Call::Memory)) throw std::bad_alloc();
+    if (IsRefused(size)) throw std::bad_alloc();
     void* const memory = std::malloc(size == 0 ? 1 : size);
     if (!memory) throw std::bad_alloc();
     return memory;
@@ -46,14 +55,13 @@ void* AllocateBlock(std::size_t size)
 
 // Moves what the fate leaves of the bytes.
 template <class Move>
-ssize_t Moved(Call call, std::size_t bytes, Move move)
+ssize_t Moved(Call call, off_t offset, std::size_t bytes, Move move)
 {
-    switch (FateOf(call)) {
-    case Fate::Fails: return -1;
-    case Fate::MovesHalf: return move((bytes + 1) / 2);
-    case Fate::Passes: break;
-    }
-    return move(bytes);
+    const Fate fate = FateOf(call);
+    if (fate == Fate::Passes) return move(bytes);
+    const std::size_t left = fate == Fate::MovesHalf ? (bytes + 1) / 2 : 0;
+    if (counted == turn) place = offset + static_cast<off_t>(left);
+    return left > 0 ? move(left) : -1;
 }
 
 } // namespace
@@ -97,10 +105,14 @@ Armed::Armed(const Fault& fault, int number)
     turn = number;
     counted = 0;
     met = false;
+    place = 0;
+    refusedBytes = 0;
 }
 Armed::~Armed() { armed = nullptr; }
 
 bool FaultWasMet() { return met; }
+std::int64_t FaultPlace() { return place; }
+std::size_t RefusedBytes() { return refusedBytes; }
 int OpenFiles() { return files; }
 
 } // namespace qor::test
@@ -134,13 +146,13 @@ extern "C" {
 void* __real_calloc(std::size_t, std::size_t);
 void* __wrap_calloc(std::size_t count, std::size_t size)
 {
-    return Fails(Call::Memory) ? nullptr : __real_calloc(count, size);
+    return IsRefused(count * size) ? nullptr : __real_calloc(count, size);
 }
 
 void* __real_mmap(void*, std::size_t, int, int, int, off_t);
 void* __wrap_mmap(void* address, std::size_t length, int protection, int flags, int descriptor, off_t offset)
 {
-    return Fails(Call::Memory) ? MAP_FAILED : __real_mmap(address, length, protection, flags, descriptor, offset);
+    return IsRefused(length) ? MAP_FAILED : __real_mmap(address, length, protection, flags, descriptor, offset);
 }
 
 int __real_open(const char*, int, ...);
@@ -195,14 +207,15 @@ ssize_t __wrap_pread(int descriptor, void* target, std::size_t bytes, off_t offs
 {
     const ssize_t got = __real_pread(descriptor, target, bytes, offset);
     if (got <= 0) return got; // nothing is lost behind the end
-    return Moved(Call::Read, static_cast<std::size_t>(got),
+    return Moved(Call::Read, offset, static_cast<std::size_t>(got),
                  [](std::size_t some) { return static_cast<ssize_t>(some); });
 }
 
 ssize_t __real_pwrite(int, const void*, std::size_t, off_t);
 ssize_t __wrap_pwrite(int descriptor, const void* from, std::size_t bytes, off_t offset)
 {
-    return Moved(Call::Write, bytes, [&](std::size_t some) { return __real_pwrite(descriptor, from, some, offset); });
+    return Moved(Call::Write, offset, bytes,
+                 [&](std::size_t some) { return __real_pwrite(descriptor, from, some, offset); });
 }
 
 } // extern "C"

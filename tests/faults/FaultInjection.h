@@ -5,6 +5,8 @@
 // makes to the system (see CMakeLists.txt), so that nothing in the library knows of it.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace qor::test {
@@ -50,6 +52,10 @@ public:
 };
 // Whether the last one that was armed, or is, was met.
 bool FaultWasMet();
+// Where in the file reading or writing met it: behind the last byte that was moved.
+std::int64_t FaultPlace();
+// Bytes of the request for memory that was refused first.
+std::size_t RefusedBytes();
 
 // Files that the library holds open.
 int OpenFiles();

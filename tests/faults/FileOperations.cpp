@@ -11,8 +11,11 @@ namespace {
 void FillLargeDataBlock(World& world)
 {
     Fill(world);
+    world.file.DataBlock_XaxisSpacing(XaxisSpacing_Uniform); // the samples are the only array
     world.file.DataBlock_NumberOfTraces(1);
     world.file.DataBlock_NumberOfSamples(70'000);
+    static const std::vector<float> samples(70'000, 1.5F);
+    world.arrays.WriteTraceSamples(1, samples, {});
 }
 void FillLargeShapeTable(World& world)
 {
@@ -24,6 +27,9 @@ void FillLargeStructure(World& world)
 {
     Fill(world);
     world.file.Structure_NumberOfVertexPoints(3000);
+    for (std::int32_t number = 4; number <= 3000; ++number) {
+        world.file.WriteStructureVertexPoint(number, u"labelled", static_cast<float>(number), 2, 3);
+    }
 }
 
 template <ReturnStatus (clsQOR_File::*Save)(std::u16string_view), void (*Prepare)(World&)>
@@ -31,8 +37,11 @@ void KeepFile(World& world)
 {
     Prepare(world);
     (world.file.*Save)(world.path);
-    world.file.DataBlock_Label(u"lost"); // so that loading changes what is there
+    // So that loading changes what is there.
+    world.file.DataBlock_Label(u"lost");
     world.file.WriteStructureVertexPoint(1, u"lost", 7, 7, 7);
+    world.file.Structure_Label(u"");
+    world.file.Structure_Notes(u"lost");
 }
 
 constexpr auto SaveDataBlock = &clsQOR_File::OutputDataBlockFile;
@@ -56,11 +65,14 @@ void LoadDataBlock(World& world)
 const std::vector<Operation>& FileOperations()
 {
     static const std::vector<Operation> operations = {
-        {"clsQOR_File::OutputDataBlockFile", Fill, OutputDataBlock, Saves, Saves},
-        {"clsQOR_File::OutputDataBlockFile of one from a file", LoadDataBlock, OutputDataBlock, Saves, Saves},
-        {"clsQOR_File::OutputDataBlockFile in several writes", FillLargeDataBlock, OutputDataBlock, Saves, Saves},
-        {"clsQOR_File::OutputShapeTableFile", Fill, OutputShapeTable, Saves, Saves},
-        {"clsQOR_File::OutputShapeTableFile in several writes", FillLargeShapeTable, OutputShapeTable, Saves, Saves},
+        {"clsQOR_File::OutputDataBlockFile", Fill, OutputDataBlock, SavesDataBlock, SavesDataBlock},
+        {"clsQOR_File::OutputDataBlockFile of one from a file", LoadDataBlock, OutputDataBlock, SavesDataBlock,
+         SavesDataBlock},
+        {"clsQOR_File::OutputDataBlockFile in several writes", FillLargeDataBlock, OutputDataBlock, SavesDataBlock,
+         SavesDataBlock},
+        {"clsQOR_File::OutputShapeTableFile", Fill, OutputShapeTable, SavesShapeTable, SavesShapeTable},
+        {"clsQOR_File::OutputShapeTableFile in several writes", FillLargeShapeTable, OutputShapeTable, SavesShapeTable,
+         SavesShapeTable},
         {"clsQOR_File::OutputStructureFile", Fill, OutputStructure, SavesStructure, SavesStructure},
         {"clsQOR_File::OutputStructureFile in several writes", FillLargeStructure, OutputStructure, SavesStructure,
          SavesStructure},

@@ -55,8 +55,9 @@ struct Answer {
     }
 };
 
-// All that can be seen of the documents, the objects and the file, by part.
-using State = std::map<std::string, std::string>;
+// All that can be seen of the documents, the objects and the file, by part: the bytes of each field.
+using Fields = std::vector<std::string>;
+using State = std::map<std::string, Fields>;
 State StateOf(World& world);
 
 struct Seen {
@@ -65,6 +66,8 @@ struct Seen {
     ErrorStatusTypes error = NoError;
     std::u16string errorText;
     State state;
+
+    friend bool operator==(const Seen&, const Seen&) = default;
 };
 
 // An operation that met a fault, as it was before, as it is without the fault, and as it came out.
@@ -89,7 +92,8 @@ template <ErrorStatusTypes Error>
 void FailsToAppend(const Met& met); // and empties the Structure
 
 // Requests for memory and calls for files.
-void Saves(const Met& met);
+void SavesDataBlock(const Met& met);
+void SavesShapeTable(const Met& met);
 void SavesStructure(const Met& met);
 void LoadsDataBlock(const Met& met);
 void LoadsStructure(const Met& met);
