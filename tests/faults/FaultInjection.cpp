@@ -19,8 +19,10 @@ int turn = 0;
 int counted = 0;
 bool met = false;
 std::int64_t place = 0;
-std::size_t refusedBytes = 0;
+bool arrayRefused = false;
 int files = 0;
+std::int64_t mapped = 0;
+bool addressesLost = false;
 
 enum class Fate { Passes, Fails, MovesHalf };
 
@@ -38,16 +40,16 @@ Fate FateOf(Call call)
 
 bool Fails(Call call) { return FateOf(call) == Fate::Fails; }
 
-bool IsRefused(std::size_t bytes)
+bool IsRefusedArray()
 {
     const bool refused = Fails(Call::Memory);
-    if (refused && counted == turn) refusedBytes = bytes;
+    if (refused && counted == turn) arrayRefused = true;
     return refused;
 }
 
 void* AllocateBlock(std::size_t size)
 {
-    if (IsRefused(size)) throw std::bad_alloc();
+    if (Fails(Call::Memory)) throw std::bad_alloc();
     void* const memory = std::malloc(size == 0 ? 1 : size);
     if (!memory) throw std::bad_alloc();
     return memory;
@@ -106,14 +108,16 @@ Armed::Armed(const Fault& fault, int number)
     counted = 0;
     met = false;
     place = 0;
-    refusedBytes = 0;
+    arrayRefused = false;
+    addressesLost = false;
 }
 Armed::~Armed() { armed = nullptr; }
 
 bool FaultWasMet() { return met; }
 std::int64_t FaultPlace() { return place; }
-std::size_t RefusedBytes() { return refusedBytes; }
+bool ArrayWasRefused() { return arrayRefused; }
 int OpenFiles() { return files; }
+std::optional<std::int64_t> MappedBytes() { return addressesLost ? std::nullopt : std::optional(mapped); }
 
 } // namespace qor::test
 
@@ -146,13 +150,35 @@ extern "C" {
 void* __real_calloc(std::size_t, std::size_t);
 void* __wrap_calloc(std::size_t count, std::size_t size)
 {
-    return IsRefused(count * size) ? nullptr : __real_calloc(count, size);
+    return IsRefusedArray() ? nullptr : __real_calloc(count, size);
 }
 
 void* __real_mmap(void*, std::size_t, int, int, int, off_t);
 void* __wrap_mmap(void* address, std::size_t length, int protection, int flags, int descriptor, off_t offset)
 {
-    return IsRefused(length) ? MAP_FAILED : __real_mmap(address, length, protection, flags, descriptor, offset);
+    if (IsRefusedArray()) return MAP_FAILED;
+    void* const memory = __real_mmap(address, length, protection, flags, descriptor, offset);
+    if (memory != MAP_FAILED) mapped += static_cast<std::int64_t>(length);
+    return memory;
+}
+
+int __real_munmap(void*, std::size_t);
+int __wrap_munmap(void* memory, std::size_t length)
+{
+    mapped -= static_cast<std::int64_t>(length);
+    return __real_munmap(memory, length);
+}
+
+// Of the two that the library gives, the one replaces the other.
+void* __real_mremap(void*, std::size_t, std::size_t, int, void*);
+void* __wrap_mremap(void* memory, std::size_t bytes, std::size_t newBytes, int flags, void* target)
+{
+    if (IsRefusedArray()) {
+        addressesLost = true;
+        return MAP_FAILED;
+    }
+    mapped -= static_cast<std::int64_t>(bytes);
+    return __real_mremap(memory, bytes, newBytes, flags, target);
 }
 
 int __real_open(const char*, int, ...);

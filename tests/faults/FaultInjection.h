@@ -5,14 +5,14 @@
 // makes to the system (see CMakeLists.txt), so that nothing in the library knows of it.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace qor::test {
 
 enum class Call {
-    Memory, // new, calloc, mmap
+    Memory, // new; for arrays calloc, mmap, mremap
     Open,
     Look, // stat, lstat, fstat
     Read,
@@ -54,10 +54,12 @@ public:
 bool FaultWasMet();
 // Where in the file reading or writing met it: behind the last byte that was moved.
 std::int64_t FaultPlace();
-// Bytes of the request for memory that was refused first.
-std::size_t RefusedBytes();
+// Whether it was a request for an array that was refused first.
+bool ArrayWasRefused();
 
 // Files that the library holds open.
 int OpenFiles();
+// Bytes that it has mapped. Nothing where addresses had to be given up because memory could not be moved.
+std::optional<std::int64_t> MappedBytes();
 
 } // namespace qor::test

@@ -3,6 +3,7 @@
 //
 // Saving and loading, of documents that take one write or read and of such that take several.
 #include "faults/Operations.h"
+#include "support/DataBlockFile.h"
 
 namespace qor::test {
 namespace {
@@ -44,6 +45,18 @@ void KeepFile(World& world)
     world.file.Structure_Notes(u"lost");
 }
 
+void KeepXaxis(World& world)
+{
+    Empty(world);
+    WriteBytes(world.target, SizedFile(0, 70'000).Field(6, Int16(2)).Field(10, Bytes(4 * 70'000, 1)).Build());
+}
+void KeepSecondSamples(World& world)
+{
+    Empty(world);
+    const RecordBytes trace = TraceBytes().Field(30, Int16(3)).Field(41, Bytes(8 * 70'000, 1)).Field(44, Int16(1));
+    WriteBytes(world.target, SizedFile(1, 70'000).Field(11).Nested(trace).Field(12).Build());
+}
+
 constexpr auto SaveDataBlock = &clsQOR_File::OutputDataBlockFile;
 constexpr auto SaveStructure = &clsQOR_File::OutputStructureFile;
 
@@ -76,10 +89,15 @@ const std::vector<Operation>& FileOperations()
         {"clsQOR_File::OutputStructureFile", Fill, OutputStructure, SavesStructure, SavesStructure},
         {"clsQOR_File::OutputStructureFile in several writes", FillLargeStructure, OutputStructure, SavesStructure,
          SavesStructure},
-        {"clsQOR_File::InputDataBlockFile", KeepFile<SaveDataBlock, Fill>, InputDataBlock, LoadsDataBlock,
-         LoadsDataBlock},
+        // The samples' arrays have a code, the others none, as published.
+        {"clsQOR_File::InputDataBlockFile", KeepFile<SaveDataBlock, Fill>, InputDataBlock, LoadsDataBlock<NoError>,
+         LoadsDataBlock<NoError>},
         {"clsQOR_File::InputDataBlockFile in several reads", KeepFile<SaveDataBlock, FillLargeDataBlock>,
-         InputDataBlock, LoadsDataBlock, LoadsDataBlock},
+         InputDataBlock, LoadsDataBlock<AllocationError>, LoadsDataBlock<AllocationError>},
+        {"clsQOR_File::InputDataBlockFile with many X values", KeepXaxis, InputDataBlock, LoadsDataBlock<NoError>,
+         LoadsDataBlock<NoError>},
+        {"clsQOR_File::InputDataBlockFile with second samples", KeepSecondSamples, InputDataBlock,
+         LoadsDataBlock<NoError>, LoadsDataBlock<NoError>},
         {"clsQOR_File::InputStructureFile", KeepFile<SaveStructure, Fill>, InputStructure, LoadsStructure,
          LoadsStructure},
         {"clsQOR_File::InputStructureFile in several reads", KeepFile<SaveStructure, FillLargeStructure>,

@@ -64,6 +64,7 @@ struct Seen {
     Answer answer;
     std::string thrown; // what() of an exception
     ErrorStatusTypes error = NoError;
+    ErrorStatusTypes shared = NoError; // the thread's, which stays
     std::u16string errorText;
     State state;
 
@@ -84,10 +85,12 @@ using Rule = void (*)(const Met&);
 void NeverAsks(const Met& met);
 void Throws(const Met& met); // std::bad_alloc, nothing changed
 void KeepsOldErrorText(const Met& met);
+template <ErrorStatusTypes Shared>
 void LeavesTheTrace(const Met& met); // AllocationError
 void EmptiesDataBlock(const Met& met);
 void EmptiesShapeTable(const Met& met);
 void EmptiesStructure(const Met& met);
+void MovesOrEmptiesStructure(const Met& met); // where memory that cannot be moved is copied
 template <ErrorStatusTypes Error>
 void FailsToAppend(const Met& met); // and empties the Structure
 
@@ -95,6 +98,7 @@ void FailsToAppend(const Met& met); // and empties the Structure
 void SavesDataBlock(const Met& met);
 void SavesShapeTable(const Met& met);
 void SavesStructure(const Met& met);
+template <ErrorStatusTypes ForArrays>
 void LoadsDataBlock(const Met& met);
 void LoadsStructure(const Met& met);
 
