@@ -93,7 +93,7 @@ void MeetEveryFault(const Operation& operation)
             met = FaultWasMet();
             if (met) {
                 (fault.call == Call::Memory ? operation.withoutMemory
-                                            : operation.withBadFile)({fault, before, without, with});
+                                            : operation.withBadFile)({fault, number, before, without, with});
             } else {
                 EXPECT_TRUE(with == without);
             }

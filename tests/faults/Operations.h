@@ -74,6 +74,7 @@ struct Seen {
 // An operation that met a fault, as it was before, as it is without the fault, and as it came out.
 struct Met {
     const Fault& fault;
+    int number; // of the call that met it
     const Seen& before;
     const Seen& without;
     const Seen& with;
@@ -105,6 +106,7 @@ void LoadsStructure(const Met& met);
 // Calls for files.
 void AsksForNoFile(const Met& met);
 void FindsNoName(const Met& met);
+void FindsNoFolder(const Met& met); // of a file that is missing and is looked for first
 
 struct Operation {
     const char* member; // class and name; behind them what is particular about this call

@@ -336,6 +336,8 @@ constexpr std::int64_t PreambleSize = 51;
 
 } // namespace
 
+void FindsNoFolder(const Met& met) { met.number % 2 == 0 ? FindsNoName(met) : ExpectAsWithout(met); }
+
 void SavesDataBlock(const Met& met)
 {
     if (IsHarmless(met.fault)) return ExpectAsWithout(met);
