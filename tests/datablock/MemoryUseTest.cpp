@@ -164,6 +164,7 @@ TEST(RefusedMemory, AnySingleRequestOfAReadingFailsItOrMakesNoDifference)
 {
     MemoryFile file(ManyTexts());
     int failures = 0;
+    int withoutCode = 0;
     for (int request = 0;; ++request) {
         ASSERT_LT(request, 10000);
         DataBlock block;
@@ -180,8 +181,13 @@ TEST(RefusedMemory, AnySingleRequestOfAReadingFailsItOrMakesNoDifference)
         }
         EXPECT_EQ(result.status, Failure) << request;
         if (result.error == AllocationError) ++failures;
+        if (result.error == NoError) {
+            ++withoutCode;
+            EXPECT_EQ(block.Xaxis.Count(), 0) << request;
+        }
     }
     EXPECT_GT(failures, 5);
+    EXPECT_EQ(withoutCode, 1) << "X values have no code, and are all that has none";
 }
 
 TEST(RefusedMemory, AnySingleRequestOfASaveFailsItWithoutACode)

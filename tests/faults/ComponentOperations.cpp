@@ -3,6 +3,16 @@
 #include "faults/Operations.h"
 
 namespace qor::test {
+namespace {
+
+// A name that ends as folders do, so that a file that is missing has one that is there.
+void FillWithFolder(World& world)
+{
+    Fill(world);
+    WriteBytes(std::filesystem::path(world.target) += '\\', {});
+}
+
+} // namespace
 
 const std::vector<Operation>& ComponentOperations()
 {
@@ -40,12 +50,17 @@ const std::vector<Operation>& ComponentOperations()
         // Path names.
         {"clsQOR_File::GetDOS_FilePathName", Fill, [](World& w) { return Text(w.file.GetDOS_FilePathName(w.path)); },
          ComesToNothing, FindsNoName},
+        {"clsQOR_File::GetDOS_FilePathName of a missing file in a folder", FillWithFolder,
+         [](World& w) { return Text(w.file.GetDOS_FilePathName(w.missing)); }, ComesToNothing, FindsNoFolder},
         {"clsQOR_File::GetFileName", Fill,
          [](World& w) { return Text(w.file.GetFileName(u"C:\\folder\\a file with a long name.blk")); }, ComesToNothing},
         {"clsQOR_File::GetFilePath", Fill,
          [](World& w) { return Text(w.file.GetFilePath(u"C:\\a folder with a long name\\file.blk")); }, ComesToNothing},
         {"clsQOR_File::PathNamesEqual", Fill,
          [](World& w) { return Number(w.file.PathNamesEqual(w.path, u"another file")); }, ComesToNothing, FindsNoName},
+        {"clsQOR_File::PathNamesEqual of a missing file in a folder", FillWithFolder,
+         [](World& w) { return Number(w.file.PathNamesEqual(w.missing, w.missingToo)); }, ComesToNothing,
+         FindsNoFolder},
         {"clsQOR_File::PathNamesEqual of equal texts", Fill,
          [](World& w) { return Number(w.file.PathNamesEqual(w.path, w.path)); }, NeverAsks},
 

@@ -18,7 +18,11 @@ const Fault* armed = nullptr;
 int turn = 0;
 int counted = 0;
 bool met = false;
+std::int64_t place = 0;
+bool arrayRefused = false;
 int files = 0;
+std::int64_t mapped = 0;
+bool addressesLost = false;
 
 enum class Fate { Passes, Fails, MovesHalf };
 
@@ -36,6 +40,13 @@ Fate FateOf(Call call)
 
 bool Fails(Call call) { return FateOf(call) == Fate::Fails; }
 
+bool IsRefusedArray()
+{
+    const bool refused = Fails(Call::Memory);
+    if (refused && counted == turn) arrayRefused = true;
+    return refused;
+}
+
 void* AllocateBlock(std::size_t size)
 {
     if (Fails(Call::Memory)) throw std::bad_alloc();
@@ -46,14 +57,13 @@ void* AllocateBlock(std::size_t size)
 
 // Moves what the fate leaves of the bytes.
 template <class Move>
-ssize_t Moved(Call call, std::size_t bytes, Move move)
+ssize_t Moved(Call call, off_t offset, std::size_t bytes, Move move)
 {
-    switch (FateOf(call)) {
-    case Fate::Fails: return -1;
-    case Fate::MovesHalf: return move((bytes + 1) / 2);
-    case Fate::Passes: break;
-    }
-    return move(bytes);
+    const Fate fate = FateOf(call);
+    if (fate == Fate::Passes) return move(bytes);
+    const std::size_t left = fate == Fate::MovesHalf ? (bytes + 1) / 2 : 0;
+    if (counted == turn) place = offset + static_cast<off_t>(left);
+    return left > 0 ? move(left) : -1;
 }
 
 } // namespace
@@ -97,11 +107,17 @@ Armed::Armed(const Fault& fault, int number)
     turn = number;
     counted = 0;
     met = false;
+    place = 0;
+    arrayRefused = false;
+    addressesLost = false;
 }
 Armed::~Armed() { armed = nullptr; }
 
 bool FaultWasMet() { return met; }
+std::int64_t FaultPlace() { return place; }
+bool ArrayWasRefused() { return arrayRefused; }
 int OpenFiles() { return files; }
+std::optional<std::int64_t> MappedBytes() { return addressesLost ? std::nullopt : std::optional(mapped); }
 
 } // namespace qor::test
 
@@ -134,13 +150,35 @@ extern "C" {
 void* __real_calloc(std::size_t, std::size_t);
 void* __wrap_calloc(std::size_t count, std::size_t size)
 {
-    return Fails(Call::Memory) ? nullptr : __real_calloc(count, size);
+    return IsRefusedArray() ? nullptr : __real_calloc(count, size);
 }
 
 void* __real_mmap(void*, std::size_t, int, int, int, off_t);
 void* __wrap_mmap(void* address, std::size_t length, int protection, int flags, int descriptor, off_t offset)
 {
-    return Fails(Call::Memory) ? MAP_FAILED : __real_mmap(address, length, protection, flags, descriptor, offset);
+    if (IsRefusedArray()) return MAP_FAILED;
+    void* const memory = __real_mmap(address, length, protection, flags, descriptor, offset);
+    if (memory != MAP_FAILED) mapped += static_cast<std::int64_t>(length);
+    return memory;
+}
+
+int __real_munmap(void*, std::size_t);
+int __wrap_munmap(void* memory, std::size_t length)
+{
+    mapped -= static_cast<std::int64_t>(length);
+    return __real_munmap(memory, length);
+}
+
+// Of the two that the library gives, the one replaces the other.
+void* __real_mremap(void*, std::size_t, std::size_t, int, void*);
+void* __wrap_mremap(void* memory, std::size_t bytes, std::size_t newBytes, int flags, void* target)
+{
+    if (IsRefusedArray()) {
+        addressesLost = true;
+        return MAP_FAILED;
+    }
+    mapped -= static_cast<std::int64_t>(bytes);
+    return __real_mremap(memory, bytes, newBytes, flags, target);
 }
 
 int __real_open(const char*, int, ...);
@@ -195,14 +233,15 @@ ssize_t __wrap_pread(int descriptor, void* target, std::size_t bytes, off_t offs
 {
     const ssize_t got = __real_pread(descriptor, target, bytes, offset);
     if (got <= 0) return got; // nothing is lost behind the end
-    return Moved(Call::Read, static_cast<std::size_t>(got),
+    return Moved(Call::Read, offset, static_cast<std::size_t>(got),
                  [](std::size_t some) { return static_cast<ssize_t>(some); });
 }
 
 ssize_t __real_pwrite(int, const void*, std::size_t, off_t);
 ssize_t __wrap_pwrite(int descriptor, const void* from, std::size_t bytes, off_t offset)
 {
-    return Moved(Call::Write, bytes, [&](std::size_t some) { return __real_pwrite(descriptor, from, some, offset); });
+    return Moved(Call::Write, offset, bytes,
+                 [&](std::size_t some) { return __real_pwrite(descriptor, from, some, offset); });
 }
 
 } // extern "C"

@@ -5,12 +5,14 @@
 // makes to the system (see CMakeLists.txt), so that nothing in the library knows of it.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace qor::test {
 
 enum class Call {
-    Memory, // new, calloc, mmap
+    Memory, // new; for arrays calloc, mmap, mremap
     Open,
     Look, // stat, lstat, fstat
     Read,
@@ -50,8 +52,14 @@ public:
 };
 // Whether the last one that was armed, or is, was met.
 bool FaultWasMet();
+// Where in the file reading or writing met it: behind the last byte that was moved.
+std::int64_t FaultPlace();
+// Whether it was a request for an array that was refused first.
+bool ArrayWasRefused();
 
 // Files that the library holds open.
 int OpenFiles();
+// Bytes that it has mapped. Nothing where addresses had to be given up because memory could not be moved.
+std::optional<std::int64_t> MappedBytes();
 
 } // namespace qor::test

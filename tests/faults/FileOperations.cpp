@@ -3,6 +3,7 @@
 //
 // Saving and loading, of documents that take one write or read and of such that take several.
 #include "faults/Operations.h"
+#include "support/DataBlockFile.h"
 
 namespace qor::test {
 namespace {
@@ -11,8 +12,11 @@ namespace {
 void FillLargeDataBlock(World& world)
 {
     Fill(world);
+    world.file.DataBlock_XaxisSpacing(XaxisSpacing_Uniform); // the samples are the only array
     world.file.DataBlock_NumberOfTraces(1);
     world.file.DataBlock_NumberOfSamples(70'000);
+    static const std::vector<float> samples(70'000, 1.5F);
+    world.arrays.WriteTraceSamples(1, samples, {});
 }
 void FillLargeShapeTable(World& world)
 {
@@ -24,6 +28,9 @@ void FillLargeStructure(World& world)
 {
     Fill(world);
     world.file.Structure_NumberOfVertexPoints(3000);
+    for (std::int32_t number = 4; number <= 3000; ++number) {
+        world.file.WriteStructureVertexPoint(number, u"labelled", static_cast<float>(number), 2, 3);
+    }
 }
 
 template <ReturnStatus (clsQOR_File::*Save)(std::u16string_view), void (*Prepare)(World&)>
@@ -31,8 +38,23 @@ void KeepFile(World& world)
 {
     Prepare(world);
     (world.file.*Save)(world.path);
-    world.file.DataBlock_Label(u"lost"); // so that loading changes what is there
+    // So that loading changes what is there.
+    world.file.DataBlock_Label(u"lost");
     world.file.WriteStructureVertexPoint(1, u"lost", 7, 7, 7);
+    world.file.Structure_Label(u"");
+    world.file.Structure_Notes(u"lost");
+}
+
+void KeepXaxis(World& world)
+{
+    Empty(world);
+    WriteBytes(world.target, SizedFile(0, 70'000).Field(6, Int16(2)).Field(10, Bytes(4 * 70'000, 1)).Build());
+}
+void KeepSecondSamples(World& world)
+{
+    Empty(world);
+    const RecordBytes trace = TraceBytes().Field(30, Int16(3)).Field(41, Bytes(8 * 70'000, 1)).Field(44, Int16(1));
+    WriteBytes(world.target, SizedFile(1, 70'000).Field(11).Nested(trace).Field(12).Build());
 }
 
 constexpr auto SaveDataBlock = &clsQOR_File::OutputDataBlockFile;
@@ -56,18 +78,26 @@ void LoadDataBlock(World& world)
 const std::vector<Operation>& FileOperations()
 {
     static const std::vector<Operation> operations = {
-        {"clsQOR_File::OutputDataBlockFile", Fill, OutputDataBlock, Saves, Saves},
-        {"clsQOR_File::OutputDataBlockFile of one from a file", LoadDataBlock, OutputDataBlock, Saves, Saves},
-        {"clsQOR_File::OutputDataBlockFile in several writes", FillLargeDataBlock, OutputDataBlock, Saves, Saves},
-        {"clsQOR_File::OutputShapeTableFile", Fill, OutputShapeTable, Saves, Saves},
-        {"clsQOR_File::OutputShapeTableFile in several writes", FillLargeShapeTable, OutputShapeTable, Saves, Saves},
+        {"clsQOR_File::OutputDataBlockFile", Fill, OutputDataBlock, SavesDataBlock, SavesDataBlock},
+        {"clsQOR_File::OutputDataBlockFile of one from a file", LoadDataBlock, OutputDataBlock, SavesDataBlock,
+         SavesDataBlock},
+        {"clsQOR_File::OutputDataBlockFile in several writes", FillLargeDataBlock, OutputDataBlock, SavesDataBlock,
+         SavesDataBlock},
+        {"clsQOR_File::OutputShapeTableFile", Fill, OutputShapeTable, SavesShapeTable, SavesShapeTable},
+        {"clsQOR_File::OutputShapeTableFile in several writes", FillLargeShapeTable, OutputShapeTable, SavesShapeTable,
+         SavesShapeTable},
         {"clsQOR_File::OutputStructureFile", Fill, OutputStructure, SavesStructure, SavesStructure},
         {"clsQOR_File::OutputStructureFile in several writes", FillLargeStructure, OutputStructure, SavesStructure,
          SavesStructure},
-        {"clsQOR_File::InputDataBlockFile", KeepFile<SaveDataBlock, Fill>, InputDataBlock, LoadsDataBlock,
-         LoadsDataBlock},
+        // The samples' arrays have a code, the others none, as published.
+        {"clsQOR_File::InputDataBlockFile", KeepFile<SaveDataBlock, Fill>, InputDataBlock, LoadsDataBlock<NoError>,
+         LoadsDataBlock<NoError>},
         {"clsQOR_File::InputDataBlockFile in several reads", KeepFile<SaveDataBlock, FillLargeDataBlock>,
-         InputDataBlock, LoadsDataBlock, LoadsDataBlock},
+         InputDataBlock, LoadsDataBlock<AllocationError>, LoadsDataBlock<AllocationError>},
+        {"clsQOR_File::InputDataBlockFile with many X values", KeepXaxis, InputDataBlock, LoadsDataBlock<NoError>,
+         LoadsDataBlock<NoError>},
+        {"clsQOR_File::InputDataBlockFile with second samples", KeepSecondSamples, InputDataBlock,
+         LoadsDataBlock<NoError>, LoadsDataBlock<NoError>},
         {"clsQOR_File::InputStructureFile", KeepFile<SaveStructure, Fill>, InputStructure, LoadsStructure,
          LoadsStructure},
         {"clsQOR_File::InputStructureFile in several reads", KeepFile<SaveStructure, FillLargeStructure>,

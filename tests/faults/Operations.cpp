@@ -6,7 +6,9 @@
 #include "datablock/Save_DataBlock.h"
 #include "structure/Save_Structure.h"
 #include "support/MemoryFile.h"
+#include "support/SameStructure.h"
 
+#include <span>
 #include <sstream>
 
 namespace qor::test {
@@ -16,33 +18,96 @@ constexpr std::u16string_view FilledText = u"a text that takes memory";
 
 std::string Letters(const Bytes& bytes) { return {bytes.begin(), bytes.end()}; }
 
-std::string FileState(const std::filesystem::path& path)
+// The bytes of a field, or of several that count as one.
+std::string Raw(std::span<const std::byte> bytes)
 {
-    return std::filesystem::exists(path) ? "there: " + Letters(BytesOf(path)) : "missing";
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+std::string Raw(std::u16string_view text) { return Raw(std::as_bytes(std::span(text))); }
+template <class T>
+std::string Raw(const SampleArray<T>& array)
+{
+    return Raw(std::as_bytes(array.Values()));
+}
+template <class... Values>
+requires(std::is_trivially_copyable_v<Values>&&...) std::string Raw(const Values&... values)
+{
+    return (Raw(std::as_bytes(std::span(&values, 1))) + ...);
 }
 
-// As its file would be, without what only a Data Block from a file has, and what no file has.
-std::string DataBlockState(DataBlock& block)
+// As its file would be, without what only a Data Block from a file has.
+std::string Saved(DataBlock& block)
 {
     MemoryFile saved;
     const bool fromFile = std::exchange(block.DataBlockFromFile, false);
     SaveDataBlock(saved, block);
     block.DataBlockFromFile = fromFile;
-    std::ostringstream kinds;
-    for (std::int32_t number = 1; number <= block.Traces.Count(); ++number) {
-        kinds << std::as_const(block.Traces)[number].DataSVT;
-    }
-    return Letters(saved.Content()) + kinds.str() + Letters({block.Notes.begin(), block.Notes.end()});
+    return Letters(saved.Content());
 }
 
-std::string StructureState(Structure& structure)
+Fields HeaderFields(const DataBlock& block)
+{
+    Fields fields = {Raw(block.Label),
+                     Raw(block.Notes),
+                     Raw(block.XaxisUnits),
+                     Raw(block.KeptText),
+                     Raw(block.Xaxis),
+                     Raw(block.NumberOfTraces),
+                     Raw(block.DataFormat),
+                     Raw(block.NumberOfSamples),
+                     Raw(block.XaxisSpacing),
+                     Raw(block.XaxisStart),
+                     Raw(block.PeakRMS),
+                     Raw(block.XaxisIncrement),
+                     Raw(block.XaxisUnitsCode),
+                     Raw(block.RPM),
+                     Raw(block.ExponentialWindowDampingInHz)};
+    for (const std::uint32_t value : block.Kept) fields.push_back(Raw(value));
+    return fields;
+}
+
+Fields TraceFields(const DataBlock& block)
+{
+    Fields fields;
+    for (std::int32_t number = 1; number <= block.Traces.Count(); ++number) {
+        const Trace& trace = block.Traces[number];
+        fields.insert(fields.end(),
+                      {Raw(trace.Label), Raw(trace.DateAndTime), Raw(trace.DegreesOfFreedom),
+                       Raw(trace.MeasurementUnits), Raw(trace.ZaxisLabel), Raw(trace.RealSamples),
+                       Raw(trace.ComplexSamples), Raw(trace.SecondComplexSamples), Raw(trace.MeasurementType),
+                       Raw(trace.DataSVT), Raw(trace.LinPower), Raw(trace.KeptArray), Raw(trace.Kept)});
+    }
+    return fields;
+}
+
+// As its file would be; saving may settle the variant for good.
+std::string Saved(Structure& structure, const StructureTexts& texts)
 {
     MemoryFile saved;
-    SaveStructure(saved, structure, {});
-    std::ostringstream counts;
-    counts << structure.NumberOfVertexPoints << ' ' << structure.NumberOfEdgeLines << ' '
-           << structure.NumberOfSurfaceTriangles << ' ' << structure.NumberOfQuadSurfaces;
-    return counts.str() + Letters(saved.Content());
+    const bool large = structure.LargeStructureFormat;
+    SaveStructure(saved, structure, texts);
+    structure.LargeStructureFormat = large;
+    return Letters(saved.Content());
+}
+
+std::string Element(const VertexPoint& point)
+{
+    return Raw(point.FileExtraValue, point.Xcoord, point.Ycoord, point.Zcoord, point.Color, point.Bold, point.Label,
+               point.CenterPoint, point.PointType, point.AxisEnd, point.Area, point.NormalAxis);
+}
+template <std::size_t Corners>
+std::string Element(const JoiningElement<Corners>& element)
+{
+    return Raw(element.VertexPoints, element.FileExtraValue, element.Color, element.Bold);
+}
+
+// One field for each: they are as wide as one another, their fields in the order of the file.
+template <class T>
+Fields Elements(const ElementArray<T>& elements)
+{
+    Fields fields;
+    for (std::int32_t number = 1; number <= elements.Count(); ++number) fields.push_back(Element(elements[number]));
+    return fields;
 }
 
 std::string ShapeTableState(const clsQOR_File& file, const ShapeTable& table)
@@ -69,16 +134,6 @@ std::string ShapeTableState(const clsQOR_File& file, const ShapeTable& table)
     return state.str();
 }
 
-std::string TextsState(clsQOR_File& file)
-{
-    std::u16string texts;
-    for (const std::u16string& text :
-         {file.ShapeTable_Label(), file.ShapeTable_Notes(), file.Structure_Label(), file.Structure_Notes()}) {
-        texts += text + u'|';
-    }
-    return Letters({texts.begin(), texts.end()});
-}
-
 std::string ViewState(clsQOR_File& file)
 {
     float x = -1;
@@ -94,14 +149,24 @@ World::World(const TemporaryFolder& folder) : target(folder / "target file with 
 
 State StateOf(World& world)
 {
-    ThreadDocuments& documents = modQOR_File();
-    return {{"Data Block", DataBlockState(documents.DataBlock)},
-            {"from file", documents.DataBlock.DataBlockFromFile ? "yes" : "no"},
-            {"Shape Table", ShapeTableState(world.file, documents.ShapeTable)},
-            {"Structure", StructureState(documents.Structure)},
-            {"texts", TextsState(world.file)},
-            {"view", ViewState(world.file)},
-            {"file", FileState(world.target)}};
+    DataBlock& block = modQOR_File().DataBlock;
+    Structure& structure = modQOR_File().Structure;
+    const clsQOR_File& file = world.file;
+    const StructureTexts texts{file.Structure_Label(), file.Structure_Notes()};
+    return {{"Data Block", HeaderFields(block)},
+            {"Data Block, traces", TraceFields(block)},
+            {"saved Data Block", {Saved(block)}},
+            {"origin", {block.DataBlockFromFile ? "a file" : ""}},
+            {"Shape Table", {ShapeTableState(file, modQOR_File().ShapeTable)}},
+            {"Structure", {Raw(CountsAgree(structure)), Raw(structure.LargeStructureFormat)}},
+            {"Structure, points", Elements(structure.VertexPoints)},
+            {"Structure, lines", Elements(structure.EdgeLines)},
+            {"Structure, triangles", Elements(structure.SurfaceTriangles)},
+            {"Structure, quads", Elements(structure.QuadSurfaces)},
+            {"saved Structure", {Saved(structure, texts)}},
+            {"texts", {Raw(texts.Label), Raw(texts.Notes), Raw(file.ShapeTable_Label()), Raw(file.ShapeTable_Notes())}},
+            {"view", {ViewState(world.file)}},
+            {"file", std::filesystem::exists(world.target) ? Fields{Letters(BytesOf(world.target))} : Fields{}}};
 }
 
 std::vector<Operation> AllOperations()

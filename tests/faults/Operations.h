@@ -34,7 +34,9 @@ struct World {
 
     std::filesystem::path target;
     std::u16string path = Utf16(target);
-    std::u16string text; // taken by reference
+    std::u16string missing = path + u"\\missing";     // not in a folder of that name
+    std::u16string missingToo = path + u"\\ missing"; // the same
+    std::u16string text;                              // taken by reference
     std::array<float, 4> first{1, 2, 3, 4};
     std::array<float, 4> second{5, 6, 7, 8};
     std::array<float, 4> third{9, 10, 11, 12};
@@ -55,21 +57,26 @@ struct Answer {
     }
 };
 
-// All that can be seen of the documents, the objects and the file, by part.
-using State = std::map<std::string, std::string>;
+// All that can be seen of the documents, the objects and the file, by part: the bytes of each field.
+using Fields = std::vector<std::string>;
+using State = std::map<std::string, Fields>;
 State StateOf(World& world);
 
 struct Seen {
     Answer answer;
     std::string thrown; // what() of an exception
     ErrorStatusTypes error = NoError;
+    ErrorStatusTypes shared = NoError; // the thread's, which stays
     std::u16string errorText;
     State state;
+
+    friend bool operator==(const Seen&, const Seen&) = default;
 };
 
 // An operation that met a fault, as it was before, as it is without the fault, and as it came out.
 struct Met {
     const Fault& fault;
+    int number; // of the call that met it
     const Seen& before;
     const Seen& without;
     const Seen& with;
@@ -83,22 +90,27 @@ void Throws(const Met& met);         // std::bad_alloc, nothing changed
 void ComesToNothing(const Met& met); // an empty answer, nothing changed
 void ReadsNoPoint(const Met& met);   // Failure without a code, nothing changed
 void KeepsOldErrorText(const Met& met);
+template <ErrorStatusTypes Shared>
 void LeavesTheTrace(const Met& met); // AllocationError
 void EmptiesDataBlock(const Met& met);
 void EmptiesShapeTable(const Met& met);
 void EmptiesStructure(const Met& met);
+void MovesOrEmptiesStructure(const Met& met); // where memory that cannot be moved is copied
 template <ErrorStatusTypes Error>
 void FailsToAppend(const Met& met); // and empties the Structure
 
 // Requests for memory and calls for files.
-void Saves(const Met& met);
+void SavesDataBlock(const Met& met);
+void SavesShapeTable(const Met& met);
 void SavesStructure(const Met& met);
+template <ErrorStatusTypes ForArrays>
 void LoadsDataBlock(const Met& met);
 void LoadsStructure(const Met& met);
 
 // Calls for files.
 void AsksForNoFile(const Met& met);
 void FindsNoName(const Met& met);
+void FindsNoFolder(const Met& met); // of a file that is missing and is looked for first
 
 struct Operation {
     const char* member; // class and name; behind them what is particular about this call

@@ -36,6 +36,8 @@ constexpr Kind Kinds[] = {
     {"Structure", &clsQOR_File::OutputStructureFile, &clsQOR_File::InputStructureFile, Success, Success},
 };
 
+const std::vector<std::uint8_t> BytesOfKept = {'k', 'e', 'p', 't'};
+
 class RealFiles : public testing::TestWithParam<Kind>
 {
 protected:
@@ -62,8 +64,30 @@ protected:
         if (!kind.load) return;
         EXPECT_EQ((world.file.*kind.load)(Utf16(path)), kind.notLoaded) << path;
         EXPECT_EQ(world.file.ErrorStatus(), NoError) << path;
-        const bool isStructure = kind.load == &clsQOR_File::InputStructureFile;
-        EXPECT_EQ(isStructure ? world.file.Structure_NumberOfVertexPoints() : world.file.DataBlock_NumberOfTraces(), 0);
+        const State loaded = StateOf(world);
+        world.file.Initialize();
+        const State empty = StateOf(world);
+        const std::string part = kind.load == &clsQOR_File::InputStructureFile ? "Structure" : "Data Block";
+        for (const auto& [name, fields] : loaded) {
+            EXPECT_TRUE(!name.starts_with(part) || fields == empty.at(name)) << name;
+        }
+    }
+    // A file that was not completed says so, to an object whose documents are lost; those to be saved are filled again.
+    void ExpectNotWhole(const fs::path& path, bool isWhole)
+    {
+        if (!kind.load || isWhole) return;
+        clsQOR_File other;
+        EXPECT_EQ((other.*kind.load)(Utf16(path)), Failure);
+        EXPECT_EQ(other.ErrorStatus(), InputFile_ReadFail);
+        FillLarge();
+    }
+    void FillLarge()
+    {
+        Fill(world);
+        world.file.DataBlock_NumberOfSamples(6000);
+        world.file.ShapeTable_NumberOfDOFs(100);
+        world.file.ShapeTable_NumberOfShapes(100);
+        world.file.Structure_NumberOfVertexPoints(800);
     }
     // What went wrong before leaves nothing behind that is in the way.
     void ExpectSaved(const fs::path& path)
@@ -148,10 +172,8 @@ TEST_P(RealFiles, TakeThePlaceOfALinkThatLeadsNowhere)
 // With every room from none to enough.
 TEST_P(RealFiles, OnAFullDiskFailAndCanBeSavedOnceThereIsRoom)
 {
-    world.file.DataBlock_NumberOfSamples(6000);
-    world.file.ShapeTable_NumberOfDOFs(100);
-    world.file.ShapeTable_NumberOfShapes(100);
-    world.file.Structure_NumberOfVertexPoints(800);
+    FillLarge();
+    const State before = StateOf(world);
     ASSERT_EQ(Save(folder / "whole"), Success);
     const auto whole = BytesOf(folder / "whole");
     ASSERT_GT(whole.size(), 60'000U);
@@ -165,6 +187,9 @@ TEST_P(RealFiles, OnAFullDiskFailAndCanBeSavedOnceThereIsRoom)
         EXPECT_EQ(status, written == whole ? Success : kind.notWritten) << room;
         EXPECT_EQ(written == whole, 4096 * room >= whole.size()) << room << ", " << written.size() << " bytes";
         EXPECT_EQ(world.file.ErrorStatus(), NoError);
+        EXPECT_EQ(StateOf(world), before) << room;
+        EXPECT_LE(written.size(), whole.size());
+        ExpectNotWhole(disk / "file", written == whole);
         fs::remove(disk / "file");
     }
     disk.FillUpTo(0);
@@ -180,12 +205,14 @@ TEST_P(RealFiles, OnAReadOnlyDiskStayAsTheyAre)
     if (!disk.Mounted()) GTEST_SKIP() << "this system lets nobody mount a disk";
     WriteBytes(disk / "kept", {'k', 'e', 'p', 't'});
     ASSERT_TRUE(disk.MakeReadOnly());
+    const State before = StateOf(world);
 
     EXPECT_EQ(Save(disk / "kept"), Failure);
     EXPECT_EQ(Save(disk / "new"), Failure);
     EXPECT_EQ(world.file.ErrorStatus(), NoError);
 
-    EXPECT_EQ(BytesOf(disk / "kept").size(), 4U);
+    EXPECT_EQ(StateOf(world), before);
+    EXPECT_EQ(BytesOf(disk / "kept"), BytesOfKept);
     EXPECT_FALSE(fs::exists(disk / "new"));
 }
 
@@ -228,6 +255,7 @@ TEST_P(RealFiles, InAForbiddenFolderStayAsTheyAre)
     fs::create_directory(closed);
     WriteBytes(kept, {'k', 'e', 'p', 't'});
     fs::permissions(folder / "", fs::perms::all);
+    const State before = StateOf(world);
     for (const fs::perms mode : {fs::perms(0555), fs::perms(0)}) {
         fs::permissions(kept, fs::perms(0));
         fs::permissions(closed, mode);
@@ -237,11 +265,15 @@ TEST_P(RealFiles, InAForbiddenFolderStayAsTheyAre)
             EXPECT_EQ(Save(kept), Failure);
             EXPECT_EQ(Save(closed / "new"), Failure);
             EXPECT_EQ(world.file.ErrorStatus(), NoError);
+        }
+        EXPECT_EQ(StateOf(world), before);
+        {
+            const AsNobody nobody;
             ExpectNotLoaded(kept);
         }
         fs::permissions(closed, fs::perms::all);
         fs::permissions(kept, fs::perms::all);
-        EXPECT_EQ(BytesOf(kept).size(), 4U);
+        EXPECT_EQ(BytesOf(kept), BytesOfKept);
         EXPECT_FALSE(fs::exists(closed / "new"));
         Fill(world);
     }

@@ -2,6 +2,8 @@
 // Copyright (c) 2026 The QOR_File authors
 #include "faults/Operations.h"
 
+#include "component/modQOR_File.h"
+
 namespace qor::test {
 namespace {
 
@@ -51,6 +53,16 @@ Answer ReadPoint(World& w)
     return a;
 }
 
+// More points than the small variant numbers, and values that only the large one saves.
+void FillLargeVariant(World& world)
+{
+    Fill(world);
+    world.file.Structure_NumberOfVertexPoints(60'000);
+    Structure& structure = modQOR_File().Structure;
+    structure.LargeStructureFormat = true;
+    structure.VertexPoints[1].FileExtraValue = structure.EdgeLines[1].FileExtraValue = 7;
+}
+
 } // namespace
 
 const std::vector<Operation>& StructureOperations()
@@ -72,6 +84,8 @@ const std::vector<Operation>& StructureOperations()
          Sets([](World& w) { w.file.Structure_NumberOfVertexPoints(50); }), EmptiesStructure},
         {"clsQOR_File::Structure_NumberOfVertexPoints set to many more", Fill,
          Sets([](World& w) { w.file.Structure_NumberOfVertexPoints(60000); }), EmptiesStructure},
+        {"clsQOR_File::Structure_NumberOfVertexPoints set to more where they are mapped", FillLargeVariant,
+         Sets([](World& w) { w.file.Structure_NumberOfVertexPoints(90'000); }), MovesOrEmptiesStructure},
         {"clsQOR_File::Structure_NumberOfVertexPoints set to fewer", Fill,
          Sets([](World& w) { w.file.Structure_NumberOfVertexPoints(1); }), NeverAsks},
         {"clsQOR_File::Structure_NumberOfVertexPoints set to none", Fill,
