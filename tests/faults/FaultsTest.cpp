@@ -8,6 +8,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <regex>
+#include <set>
 #include <sstream>
 #include <thread>
 
@@ -81,8 +82,9 @@ void MeetEveryFault(const Operation& operation)
         operation.prepare(world);
         without = Observe(world, operation);
     }
+    std::set<Call> neverMade; // the same run for each of their faults
     for (const Fault& fault : AllFaults()) {
-        bool met = true;
+        bool met = !neverMade.contains(fault.call);
         for (int number = 1; met; ++number) {
             ASSERT_LT(number, MostCalls);
             SCOPED_TRACE(testing::Message() << operation.member << ": " << fault.name << ", call " << number);
@@ -94,12 +96,12 @@ void MeetEveryFault(const Operation& operation)
             if (met) {
                 (fault.call == Call::Memory ? operation.withoutMemory
                                             : operation.withBadFile)({fault, number, before, without, with});
+                operation.prepare(world);
+                EXPECT_TRUE(Observe(world, operation) == without) << "once the fault is gone";
             } else {
                 EXPECT_TRUE(with == without);
+                if (number == 1) neverMade.insert(fault.call);
             }
-
-            operation.prepare(world);
-            EXPECT_TRUE(Observe(world, operation) == without) << "once the fault is gone";
             if (testing::Test::HasFailure()) return; // all others would say the same
         }
     }

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::u16string_view FilledText = u"a text that takes memory";
 
-std::string Letters(const Bytes& bytes) { return {bytes.begin(), bytes.end()}; }
+std::string Letters(const Bytes& bytes) { return {reinterpret_cast<const char*>(bytes.data()), bytes.size()}; }
 
 // The bytes of a field, or of several that count as one.
 std::string Raw(std::span<const std::byte> bytes)
@@ -32,7 +32,10 @@ std::string Raw(const SampleArray<T>& array)
 template <class... Values>
 requires(std::is_trivially_copyable_v<Values>&&...) std::string Raw(const Values&... values)
 {
-    return (Raw(std::as_bytes(std::span(&values, 1))) + ...);
+    std::string bytes;
+    bytes.reserve((sizeof values + ...));
+    (bytes.append(reinterpret_cast<const char*>(&values), sizeof values), ...);
+    return bytes;
 }
 
 // As its file would be, without what only a Data Block from a file has.
@@ -106,6 +109,7 @@ template <class T>
 Fields Elements(const ElementArray<T>& elements)
 {
     Fields fields;
+    fields.reserve(static_cast<std::size_t>(elements.Count()));
     for (std::int32_t number = 1; number <= elements.Count(); ++number) fields.push_back(Element(elements[number]));
     return fields;
 }

@@ -20,8 +20,8 @@ namespace qor::test {
 
 inline Bytes LittleEndian(std::uint64_t value, std::size_t width)
 {
-    Bytes bytes;
-    for (std::size_t i = 0; i < width; ++i) bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+    Bytes bytes(width);
+    for (std::size_t i = 0; i < width; ++i) bytes[i] = static_cast<std::uint8_t>(value >> (8 * i));
     return bytes;
 }
 

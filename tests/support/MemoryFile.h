@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -29,21 +30,19 @@ public:
 
     std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> target) override
     {
-        if (offset >= bytes_.size()) return 0;
+        if (offset >= bytes_.size() || target.empty()) return 0;
         const std::size_t count =
             std::min<std::size_t>(target.size(), bytes_.size() - static_cast<std::size_t>(offset));
-        std::transform(bytes_.begin() + static_cast<std::ptrdiff_t>(offset),
-                       bytes_.begin() + static_cast<std::ptrdiff_t>(offset + count), target.begin(),
-                       [](std::uint8_t byte) { return std::byte{byte}; });
+        std::memcpy(target.data(), bytes_.data() + offset, count);
         return count;
     }
 
     bool WriteAt(std::uint64_t offset, std::span<const std::byte> bytes) override
     {
         if (offset + bytes.size() > limit_) return false;
+        if (bytes.empty()) return true;
         bytes_.resize(std::max<std::size_t>(bytes_.size(), static_cast<std::size_t>(offset) + bytes.size()));
-        std::transform(bytes.begin(), bytes.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(offset),
-                       [](std::byte byte) { return std::to_integer<std::uint8_t>(byte); });
+        std::memcpy(bytes_.data() + offset, bytes.data(), bytes.size());
         return true;
     }
 
