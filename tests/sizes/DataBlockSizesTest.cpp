@@ -99,10 +99,12 @@ protected:
     {
         const std::int32_t traces = component.DataBlock_NumberOfTraces();
         const std::int32_t samples = component.DataBlock_NumberOfSamples();
+        const std::u16string label = component.DataBlock_Label();
         ASSERT_EQ(component.OutputDataBlockFile(path), Success);
         component.InitializeDataBlockStorage();
         ASSERT_EQ(component.InputDataBlockFile(path), Success);
         EXPECT_EQ(component.ErrorStatus(), NoError);
+        EXPECT_TRUE(component.DataBlock_Label() == label);
         ExpectAll(kind, traces, samples);
     }
 

@@ -45,13 +45,14 @@ protected:
                       Success);
         }
         for (std::int32_t n = 1; n <= counts.lines; ++n) {
-            ASSERT_EQ(component.WriteStructureEdgeLine(n, n % last, last, n), Success);
+            ASSERT_EQ(component.WriteStructureEdgeLine(n, n % last, last, n, n % 3 == 0), Success);
         }
         for (std::int32_t n = 1; n <= counts.triangles; ++n) {
-            ASSERT_EQ(component.WriteStructureSurfaceTriangle(n, n % last, last, 1, n), Success);
+            ASSERT_EQ(component.WriteStructureSurfaceTriangle(n, n % last, last, 1, n, n % 3 == 0), Success);
         }
         for (std::int32_t n = 1; n <= counts.quads; ++n) {
-            ASSERT_EQ(quads.WriteStructureQuadSurface(n, n % last, last, 1, last - 1, n), oReturnStatus::Success);
+            ASSERT_EQ(quads.WriteStructureQuadSurface(n, n % last, last, 1, last - 1, n, n % 3 == 0),
+                      oReturnStatus::Success);
         }
     }
 
@@ -72,17 +73,19 @@ protected:
                               SameBits(z, ValueAt(3, n)) && color == n && (bold.value != 0) == (n % 2 == 0);
             ASSERT_TRUE(same) << "vertex point " << n;
         }
+        const auto isBold = [&](std::int32_t n) { return (bold.value != 0) == (n % 3 == 0); };
         for (std::int32_t n = 1; n <= counts.lines; ++n) {
             ASSERT_EQ(component.ReadStructureEdgeLine(n, a, b, color, bold), Success);
-            ASSERT_TRUE(a == n % last && b == last && color == n) << "edge line " << n;
+            ASSERT_TRUE(a == n % last && b == last && color == n && isBold(n)) << "edge line " << n;
         }
         for (std::int32_t n = 1; n <= counts.triangles; ++n) {
             ASSERT_EQ(component.ReadStructureSurfaceTriangle(n, a, b, c, color, bold), Success);
-            ASSERT_TRUE(a == n % last && b == last && c == 1 && color == n) << "surface triangle " << n;
+            ASSERT_TRUE(a == n % last && b == last && c == 1 && color == n && isBold(n)) << "surface triangle " << n;
         }
         for (std::int32_t n = 1; n <= counts.quads; ++n) {
             ASSERT_EQ(quads.ReadStructureQuadSurface(n, a, b, c, d, color, bold), oReturnStatus::Success);
-            ASSERT_TRUE(a == n % last && b == last && c == 1 && d == last - 1 && color == n) << "quad surface " << n;
+            ASSERT_TRUE(a == n % last && b == last && c == 1 && d == last - 1 && color == n && isBold(n))
+                << "quad surface " << n;
         }
     }
 
@@ -125,9 +128,16 @@ TEST_P(StructureVariant, IsSavedAndLoaded)
     const Counts counts{GetParam().points, GetParam().points + 10, 5000, 40000};
     Size(counts);
     FillAll(counts);
+    for (std::int32_t n = 1; n <= counts.points; ++n) {
+        component.WriteStructureVertexPointInformation(n, n % 30000, Spherical, Yaxis, ValueAt(4, n));
+        component.WriteStructureVertexPointTransform(n, Zaxis, ValueAt(5, n), ValueAt(6, n), ValueAt(7, n));
+    }
 
     ExpectSavedAndLoaded(counts);
     EXPECT_EQ(FileVersion(), GetParam().version);
+    const auto saved = BytesOf(*folder / "document");
+    ASSERT_EQ(component.OutputStructureFile(path), Success);
+    EXPECT_TRUE(BytesOf(*folder / "document") == saved) << "what was loaded is not what was saved";
 }
 
 INSTANTIATE_TEST_SUITE_P(AroundTheLimit, StructureVariant,

@@ -100,6 +100,9 @@ TEST_F(TraceCounts, ACountOf16BitsAndMoreIsNoCount)
     WriteBytes(*folder / "document", FileOfTraces(32768));
 
     EXPECT_EQ(component.InputDataBlockFile(path), Failure);
+    EXPECT_EQ(component.ErrorStatus(), NoError);
+    EXPECT_EQ(component.DataBlock_NumberOfTraces(), -32768) << "the field keeps what was read";
+    EXPECT_EQ(component.Trace_Label(1), u"");
 }
 
 } // namespace
