@@ -17,7 +17,7 @@ namespace {
 using benchmark::State;
 
 constexpr std::int32_t Least = 1'000;
-constexpr int Runs = 7;
+constexpr int Runs = 5;
 
 // Structures of one size, with MostElements of each kind in all, and their files. All have the large variant's file,
 // whose numbers are wider: the same bytes an element, whatever the size.
