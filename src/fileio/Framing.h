@@ -29,8 +29,11 @@ enum class TextForm { Counted, ZeroTerminated };
 // The text without leading and trailing blanks (U+0020 only).
 inline std::u16string_view Trimmed(std::u16string_view text)
 {
-    while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
-    while (!text.empty() && text.front() == u' ') text.remove_prefix(1);
+    // Labels of fixed width mostly end in many blanks: the last ones go four at a time.
+    constexpr std::u16string_view blanks = u"    ";
+    while (text.ends_with(blanks)) text.remove_suffix(blanks.size());
+    while (text.ends_with(u' ')) text.remove_suffix(1);
+    while (text.starts_with(u' ')) text.remove_prefix(1);
     return text;
 }
 

@@ -27,8 +27,6 @@ bool AllocateArrays(Structure& structure)
 
 } // namespace
 
-std::u16string_view TextOf(const FixedLabel& label) { return {label.data(), label.size()}; }
-
 void ReleaseStructureStorage(Structure& structure) { structure = Structure(); }
 
 ErrorStatusTypes AllocateStructure(Structure& structure, std::uint64_t usableMemory)

@@ -35,7 +35,7 @@ inline FixedLabel PaddedLabel(std::u16string_view text)
     SetLabel(label, text);
     return label;
 }
-std::u16string_view TextOf(const FixedLabel& label);
+inline std::u16string_view TextOf(const FixedLabel& label) { return {label.data(), label.size()}; }
 
 // Three local axes by three components of their end points: X of axis 1, 2, 3, then Y, then Z.
 using AxisEnds = std::array<float, 9>;
